@@ -1,0 +1,35 @@
+# The one place for the flags of our own targets, and the functions that make those targets.
+
+option(ORVEX_SANITIZE "Build with the address, leak and undefined behaviour sanitizers" OFF)
+
+add_library(orvex_flags INTERFACE)
+target_compile_options(orvex_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+# libstdc++ and Boost allocate in inline functions that the compiler sees through too well.
+target_compile_options(orvex_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+
+if(ORVEX_SANITIZE)
+  target_compile_options(orvex_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(orvex_flags INTERFACE -fsanitize=address,undefined)
+else()
+  # As Debian builds its own programs: checked C functions, stack protector, full RELRO (and PIE).
+  target_compile_options(orvex_flags INTERFACE
+    -fstack-protector-strong $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+  target_link_options(orvex_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
+
+# orvex_add_layer(NAME SOURCES ... LINKS ... [PRIVATE_LINKS ...]): a static library of src/.
+function(orvex_add_layer name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE orvex_flags ${ARG_PRIVATE_LINKS})
+endfunction()
+
+# orvex_add_program(NAME SOURCES ... LINKS ...): an executable with our flags.
+function(orvex_add_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE orvex_flags ${ARG_LINKS})
+endfunction()

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <boost/thread/mutex.hpp>
+
+#include <string>
+
+namespace Helper
+{
+class InstanceManager;
+}
+
+namespace Kelmar::Base::Ref
+{
+
+/// A reference count that notices misuse: the root of every class held by boost::intrusive_ptr.
+///
+/// Objects are made with new and die by the unref that drops their last reference. While an object
+/// lives it is registered with Helper::instanceManager: with an empty type name at first, with its
+/// own from the first reference on. Misuse is a std::runtime_error with a numbered text; a
+/// destructor can't throw, so it reports on std::cout. Safe for several threads; where two locks
+/// are held, the object's mutex is taken before the manager's.
+class Careful
+{
+public:
+  /// \throws boost::thread_resource_error  if the mutex can't be made
+  Careful();
+  /// A copy is an object of its own: neither count nor mark are taken over.
+  Careful(const Careful& other);
+  Careful& operator=(const Careful& other);
+
+  /// The type of the most derived object as typeid names it, undemangled. It is a property of the
+  /// class, not of the object: it is asked for once for each class.
+  virtual std::string typeName() const;
+
+  /// Reports on std::cout an object that dies otherwise than by unref. A derived destructor may
+  /// throw; unref then turns what it threw into its own exception.
+  virtual ~Careful() noexcept(false);
+
+  /// Adds a reference.
+  /// \throws std::runtime_error  if the object is being deleted or the count would overflow
+  void ref();
+
+  /// Drops a reference. The last one deletes the object, unless \p allowDeletion is false: then it
+  /// stays, with a count of 0, and can be referenced again.
+  /// \throws std::runtime_error  if there is no reference to drop, the object is being deleted, or
+  ///                             its destructor throws
+  void unref(bool allowDeletion = true);
+
+  unsigned long refCount() const;
+
+private:
+  friend class ::Helper::InstanceManager;
+
+  std::string _describe() const;
+
+  unsigned long _refCount = 0;
+  bool _markedForDeletion = false;
+  mutable boost::mutex _mutex;
+
+  // The manager's record of this object, guarded by the manager's mutex: its neighbours in the
+  // list of live objects, and its type's name, which the manager owns. Null before the first
+  // reference.
+  Careful* _previousInstance = nullptr;
+  Careful* _nextInstance = nullptr;
+  const std::string* _registeredType = nullptr;
+};
+
+/// What boost::intrusive_ptr calls. A null object is an error here, since a member function can't
+/// test for it.
+void intrusive_ptr_add_ref(Careful* object);
+
+/// As unref. A failure is also written to std::cout: the destructor of boost::intrusive_ptr lets
+/// no exception out, and the reason must not be lost when the process ends there.
+void intrusive_ptr_release(Careful* object);
+
+} // namespace Kelmar::Base::Ref
