@@ -1,0 +1,117 @@
+#include "render/LayoutCladogram.h"
+
+#include "tree/Tree.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvex::render
+{
+namespace Detail
+{
+
+/// An elbow: along the parent's column to the child's height, then across to the child.
+class CladogramEdge : public Edge2D
+{
+public:
+  CladogramEdge(const Point2D<double>& start, const Point2D<double>& end) : _start(start), _end(end)
+  {
+  }
+
+  void evaluate(std::vector<Point2D<double>>& points) const override
+  {
+    points.resize(3);
+    points[0] = _start;
+    points[1] = {_start.x, _end.y};
+    points[2] = _end;
+  }
+
+private:
+  Point2D<double> _start;
+  Point2D<double> _end;
+};
+
+/// The working state of one layout.
+struct LayoutInfo
+{
+  const Tree& tree;
+  boost::intrusive_ptr<LayoutInfo2D> info{};
+  double leafSpacing = 0.0;
+  double nextLeafY = 1.0;
+  std::vector<double> columns{};
+  unsigned int maximumDepth = 0;
+};
+
+std::vector<double> makeColumns(unsigned int maximumDepth)
+{
+  if (maximumDepth == 0)
+  {
+    return {1.0}; // the tree's one node is a leaf
+  }
+  std::vector<double> columns(maximumDepth + 1);
+  for (unsigned int i = 0; i <= maximumDepth; ++i)
+  {
+    columns[i] = std::log10((i / static_cast<double>(maximumDepth)) * 9.0 + 1.0);
+  }
+  return columns;
+}
+
+// Once the children are placed: the height above the leaves, the edges and the clade's box.
+void placeParent(int node, NodeLayoutInfo& record, LayoutInfo& info)
+{
+  const unsigned int numberOfChildren = info.tree.getNumChildren(node);
+  double sum = 0.0;
+  for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
+  {
+    const NodeLayoutInfo& below = info.info->layoutInfoForNode(static_cast<int>(*child));
+    record.depthToLeaf = std::max(record.depthToLeaf, below.depthToLeaf + 1);
+    sum += below.position.y;
+  }
+  record.position = {info.columns[info.maximumDepth - record.depthToLeaf], sum / numberOfChildren};
+  record.boundingBox.add(record.position);
+  record.edges.reserve(numberOfChildren);
+  for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
+  {
+    const NodeLayoutInfo& below = info.info->layoutInfoForNode(static_cast<int>(*child));
+    record.edges.emplace_back(new CladogramEdge(record.position, below.position));
+    record.boundingBox.add(below.position);
+    record.boundingBox.add(below.boundingBox);
+  }
+}
+
+void layoutChildren(int node, LayoutInfo& info, unsigned int depth)
+{
+  NodeLayoutInfo& record = info.info->layoutInfoForNode(node);
+  record.depth = depth;
+  if (info.tree.isLeaf(node))
+  {
+    record.position = {info.columns[info.maximumDepth], info.nextLeafY};
+    info.nextLeafY -= info.leafSpacing;
+    record.boundingBox.add(record.position);
+    return;
+  }
+  for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
+  {
+    layoutChildren(static_cast<int>(*child), info, depth + 1);
+  }
+  placeParent(node, record, info);
+}
+
+} // namespace Detail
+
+boost::intrusive_ptr<LayoutInfo2D> LayoutCladogram::layout(boost::shared_ptr<Tree> tree)
+{
+  if (!tree || tree->getRootNodeId() < 0)
+  {
+    return nullptr;
+  }
+  const int root = tree->getRootNodeId();
+  Detail::LayoutInfo info{*tree, new LayoutInfo2D(tree->getNumberOfNodes())};
+  info.leafSpacing = 1.0 / tree->getNumberOfLeafNodes();
+  info.maximumDepth = static_cast<unsigned int>(tree->findMaximumDepthToLeaf(root));
+  info.columns = Detail::makeColumns(info.maximumDepth);
+  Detail::layoutChildren(root, info, 0);
+  return info.info;
+}
+
+} // namespace orvex::render

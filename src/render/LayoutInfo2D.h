@@ -1,0 +1,27 @@
+#pragma once
+
+#include "foundation/Referenced.h"
+#include "render/NodeLayoutInfo.h"
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+#include <vector>
+
+namespace orvex::render
+{
+
+/// The result of a layout: a record for each node id of a tree. Lives until the scene is built.
+class LayoutInfo2D : public Kelmar::Base::Referenced
+{
+public:
+  explicit LayoutInfo2D(unsigned int numberOfNodes);
+
+  /// \return the node's record, owned by this object
+  /// \throws std::out_of_range  for an id that is no node
+  NodeLayoutInfo& layoutInfoForNode(int node);
+
+private:
+  std::vector<boost::intrusive_ptr<NodeLayoutInfo>> _nodes;
+};
+
+} // namespace orvex::render

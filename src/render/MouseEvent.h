@@ -1,0 +1,19 @@
+#pragma once
+
+#include "foundation/Matrix44.h"
+
+namespace orvex::render
+{
+
+/// A mouse event in terms that know nothing of pixels or of a widget library.
+struct MouseEvent
+{
+  /// Normalised over the whole widget: -1.0 at the left and bottom edges, 1.0 at right and top.
+  Kelmar::Math::Vector2d position;
+  /// The buttons that count as held after the event.
+  bool left = false;
+  bool middle = false;
+  bool right = false;
+};
+
+} // namespace orvex::render

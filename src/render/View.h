@@ -1,0 +1,57 @@
+#pragma once
+
+#include "foundation/Referenced.h"
+#include "render/CameraCladogram.h"
+#include "render/DisplaySettings.h"
+
+#include <boost/shared_ptr.hpp>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+namespace orvex
+{
+class Tree;
+}
+
+namespace orvex::render
+{
+
+struct MouseEvent;
+
+/// The seam between the window and the drawing: a tree, a camera, the display's switches, and what
+/// a widget asks of them.
+class View : public Kelmar::Base::Referenced
+{
+public:
+  View();
+
+  /// Changes the camera by what the mouse did between two events.
+  /// \throws std::runtime_error  if the view's matrices can't be inverted
+  virtual void handleNavigation(const MouseEvent& current, const MouseEvent& last) = 0;
+  /// Zooms by a fraction of the present zoom: 0.1 is a tenth closer.
+  virtual void handleZoom(double amount) = 0;
+  /// Takes the size of the widget in pixels.
+  virtual void resize(unsigned int width, unsigned int height) = 0;
+  /// Draws one frame into the current context.
+  virtual void render() = 0;
+  /// Makes anew what is made once for each tree.
+  virtual void update() = 0;
+
+  boost::shared_ptr<Tree> tree() const { return _tree; }
+  /// Stores the tree and does nothing else: update() builds its scene.
+  void tree(boost::shared_ptr<Tree> tree) { _tree = tree; }
+
+  /// Never null.
+  DisplaySettings* settings() const { return _settings.get(); }
+  /// Never null.
+  CameraCladogram* camera() const { return _camera.get(); }
+
+protected:
+  ~View() noexcept(false) override;
+
+private:
+  boost::shared_ptr<Tree> _tree;
+  boost::intrusive_ptr<DisplaySettings> _settings;
+  boost::intrusive_ptr<CameraCladogram> _camera;
+};
+
+} // namespace orvex::render

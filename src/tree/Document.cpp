@@ -1,0 +1,31 @@
+#include "tree/Document.h"
+
+#include "tree/NewickReader.h"
+#include "tree/Tree.h"
+#include "tree/TreeDepth.h"
+
+#include <boost/algorithm/string/case_conv.hpp>
+#include <boost/filesystem/convenience.hpp>
+#include <boost/filesystem/operations.hpp>
+
+namespace orvex
+{
+
+void Document::read(const std::string& filename)
+{
+  const std::string extension =
+      boost::algorithm::to_lower_copy(boost::filesystem::extension(filename));
+  if (extension != ".tre" && extension != ".nwk")
+  {
+    return;
+  }
+  NewickReader reader;
+  const boost::shared_ptr<Tree> tree = reader(filename);
+  if (tree)
+  {
+    requireShallow(*tree);
+  }
+  _tree = tree;
+}
+
+} // namespace orvex

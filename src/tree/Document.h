@@ -1,0 +1,31 @@
+#pragma once
+
+#include "foundation/Referenced.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <string>
+
+namespace orvex
+{
+
+class Tree;
+
+/// The open document: owns the current tree and chooses how one is loaded. Lives as long as an open
+/// operation; what outlives it is the shared tree. A load that fails leaves the earlier tree.
+class Document : public Kelmar::Base::Referenced
+{
+public:
+  /// Loads a tree from a file, by its extension in any case: ".tre" and ".nwk" are Newick. Any
+  /// other extension changes nothing. A Newick file without a tree leaves the document without one.
+  /// \throws what NewickReader throws, and std::runtime_error for a tree too deep to be shown
+  void read(const std::string& filename);
+
+  /// May be null.
+  boost::shared_ptr<Tree> getTree() const { return _tree; }
+
+private:
+  boost::shared_ptr<Tree> _tree;
+};
+
+} // namespace orvex

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+
+#include <stack>
+#include <string>
+#include <vector>
+
+namespace orvex
+{
+
+class Tree;
+
+/// Reads a tree in Newick form in one pass over its bytes. A reader serves one file.
+///
+/// It knows three structural characters, "(", ")" and ",", and a ":" that divides a token into name
+/// and branch length. Every other byte is text of a token: blanks, quotes, square brackets and
+/// semicolons too. Line ends are dropped, so a tree may stand on many lines. What follows the
+/// root's
+/// ")" names nothing. Of several trees in a file the last is the root's; the others' nodes stay
+/// behind, unreached. Missing ")" at the end are no error.
+///
+/// After the format described at https://phylipweb.github.io/phylip/newicktree.html, narrower in
+/// that it has no quoting and no comments.
+class NewickReader
+{
+public:
+  /// \return the tree, or null if the file has no "("
+  /// \throws boost::filesystem::filesystem_error  if there is no such file
+  /// \throws std::runtime_error  if it can't be opened or read, or a "," or ")" stands outside
+  /// \throws boost::bad_lexical_cast  if a branch length is no number
+  boost::shared_ptr<Tree> operator()(const std::string& filename);
+
+  /// The same for text in memory.
+  boost::shared_ptr<Tree> parseContents(const std::string& contents);
+
+private:
+  void _onCharacter(char c);
+  void _onOpenParentheses();
+  void _onComma();
+  void _onCloseParentheses();
+  void _finishItem();
+  void _parseAnnotation(int id);
+
+  boost::shared_ptr<Tree> _tree;
+  std::stack<int> _nodeStack;
+  std::vector<char> _token;
+  int _depth = 0;
+  // The last structural character was a ")": the token in hand labels the node just closed.
+  bool _childClosed = false;
+};
+
+} // namespace orvex

@@ -1,0 +1,120 @@
+#include "tree/Tree.h"
+
+#include <boost/graph/depth_first_search.hpp>
+
+#include <algorithm>
+
+namespace orvex
+{
+namespace Detail
+{
+
+/// Counts the nodes without out-edges that a search discovers.
+class CountLeafNodes : public boost::default_dfs_visitor
+{
+public:
+  explicit CountLeafNodes(unsigned int& count) : _count(count) {}
+
+  template <class Vertex, class Graph>
+  void discover_vertex(Vertex vertex, const Graph& graph)
+  {
+    if (boost::out_degree(vertex, graph) == 0)
+    {
+      ++_count;
+    }
+  }
+
+private:
+  unsigned int& _count;
+};
+
+void findLeafNodes(const Tree& tree, int id, std::vector<int>& leaves)
+{
+  if (tree.isLeaf(id))
+  {
+    leaves.push_back(id);
+    return;
+  }
+  for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+  {
+    findLeafNodes(tree, static_cast<int>(*child), leaves);
+  }
+}
+
+int getNumAllChildren(const Tree& tree, int id)
+{
+  int count = 1;
+  for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+  {
+    count += getNumAllChildren(tree, static_cast<int>(*child));
+  }
+  return count;
+}
+
+unsigned int findMaximumDepthToLeaf(const Tree& tree, int id, unsigned int depth)
+{
+  unsigned int deepest = depth;
+  for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+  {
+    deepest = std::max(deepest, findMaximumDepthToLeaf(tree, static_cast<int>(*child), depth + 1));
+  }
+  return deepest;
+}
+
+} // namespace Detail
+
+int Tree::createNode()
+{
+  const Vertex vertex = boost::add_vertex(_graph);
+  _graph[vertex].distanceToParent = 0.0;
+  return static_cast<int>(vertex);
+}
+
+void Tree::setRelationship(int parent, int child)
+{
+  boost::add_edge(_vertex(parent), _vertex(child), _graph);
+}
+
+void Tree::setName(int id, const std::string& name)
+{
+  _graph[_vertex(id)].name = name;
+}
+
+void Tree::setDistanceToParent(int id, double distance)
+{
+  _graph[_vertex(id)].distanceToParent = distance;
+}
+
+unsigned int Tree::getNumberOfNodes() const
+{
+  return static_cast<unsigned int>(boost::num_vertices(_graph));
+}
+
+unsigned int Tree::getNumberOfLeafNodes() const
+{
+  unsigned int count = 0;
+  boost::depth_first_search(_graph, boost::visitor(Detail::CountLeafNodes(count)));
+  return count;
+}
+
+int Tree::getChild(int id, unsigned int index)
+{
+  return static_cast<int>(*(boost::adjacent_vertices(_vertex(id), _graph).first + index));
+}
+
+void Tree::getLeafNodes(int id, std::vector<int>& leaves)
+{
+  Detail::findLeafNodes(*this, id, leaves);
+}
+
+int Tree::getNumAllChildren(int id) const
+{
+  return Detail::getNumAllChildren(*this, id);
+}
+
+int Tree::findMaximumDepthToLeaf(int id) const
+{
+  return static_cast<int>(Detail::findMaximumDepthToLeaf(*this, id, 0));
+}
+
+} // namespace orvex
