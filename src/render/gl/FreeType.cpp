@@ -1,0 +1,53 @@
+#include "render/gl/FreeType.h"
+
+#include "render/gl/Font.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
+#include <stdexcept>
+
+namespace orvex::render::gl
+{
+
+FreeType* FreeType::_instance = nullptr;
+
+FreeType::FreeType()
+{
+  if (FT_Init_FreeType(&_library) != 0)
+  {
+    throw std::runtime_error("Could not initialize freetype.");
+  }
+}
+
+FreeType::~FreeType()
+{
+  FT_Done_FreeType(_library);
+}
+
+FreeType* FreeType::instance()
+{
+  if (!_instance)
+  {
+    _instance = new FreeType;
+  }
+  return _instance;
+}
+
+void FreeType::destroy()
+{
+  delete _instance;
+  _instance = nullptr;
+}
+
+Font* FreeType::createFont(const std::string& filename)
+{
+  FT_Face face = nullptr;
+  if (FT_New_Face(_library, filename.c_str(), 0, &face) != 0)
+  {
+    return nullptr;
+  }
+  return new Font(face);
+}
+
+} // namespace orvex::render::gl

@@ -1,0 +1,172 @@
+#include "render/gl/ViewCladogram.h"
+
+#include "render/InverseMatrix.h"
+#include "render/LayoutCladogram.h"
+#include "render/MouseEvent.h"
+#include "render/gl/CullVisitor.h"
+#include "render/gl/OpenGL.h"
+#include "render/gl/RenderGraph.h"
+#include "render/gl/SceneBuilder.h"
+#include "render/gl/State.h"
+#include "tree/Tree.h"
+
+#include <boost/core/noncopyable.hpp>
+
+namespace orvex::render::gl
+{
+namespace Detail
+{
+
+using Kelmar::Math::Matrix44d;
+using Kelmar::Math::Vector3d;
+
+constexpr double thumbnailShare = 0.1;
+constexpr unsigned int gapBesideText = 5;
+// The height of one leaf at the greatest zoom.
+constexpr unsigned int pixelsPerLeaf = 18;
+
+void applyViewport(const Viewport& viewport)
+{
+  glViewport(static_cast<GLint>(viewport.x), static_cast<GLint>(viewport.y),
+             static_cast<GLsizei>(viewport.width), static_cast<GLsizei>(viewport.height));
+}
+
+void applyMatrices(const Matrix44d& projection, const Matrix44d& modelView)
+{
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixd(projection.data());
+  glMatrixMode(GL_MODELVIEW);
+  glLoadIdentity();
+  glLoadMatrixd(modelView.data());
+}
+
+boost::intrusive_ptr<State> makeState(const Viewport& viewport, const Matrix44d& projection,
+                                      const Matrix44d& modelView)
+{
+  boost::intrusive_ptr<State> state(new State);
+  state->viewport(viewport);
+  state->modelViewMatrix(modelView);
+  state->projectionMatrix(projection);
+  return state;
+}
+
+/// Whether labels are drawn, for one pass; true again at the end of the scope.
+class DrawTextGuard : private boost::noncopyable
+{
+public:
+  DrawTextGuard(DisplaySettings& settings, bool drawText) : _settings(settings)
+  {
+    _settings.drawText(drawText);
+  }
+  ~DrawTextGuard() { _settings.drawText(true); }
+
+private:
+  DisplaySettings& _settings;
+};
+
+} // namespace Detail
+
+ViewCladogram::ViewCladogram()
+{
+  glewInit();
+  glClearColor(0, 0, 0, 1);
+}
+
+ViewCladogram::~ViewCladogram() noexcept(false) = default;
+
+Kelmar::Math::Matrix44d ViewCladogram::viewMatrix() const
+{
+  return camera()->viewMatrix(_mainViewport);
+}
+
+void ViewCladogram::update()
+{
+  const boost::intrusive_ptr<TreeLayout2D> layout(new LayoutCladogram);
+  if (!tree())
+  {
+    return;
+  }
+  SceneBuilder builder(tree());
+  builder.buildScene(layout->layout(tree()));
+  _root = builder.root();
+  camera()->horizontalPixelsForText(builder.maximumTextLength() + Detail::gapBesideText);
+}
+
+void ViewCladogram::resize(unsigned int width, unsigned int height)
+{
+  using Detail::Matrix44d;
+  const auto thumbnailWidth = static_cast<unsigned int>(width * Detail::thumbnailShare);
+  _thumbnailViewport.set(0, 0, thumbnailWidth, height);
+  _thumbnailProjection = Matrix44d::orthographic(-0.5, 0.5, -0.5, 0.5, -10.0, 10.0);
+  _mainViewport.set(thumbnailWidth, 0, width - thumbnailWidth, height);
+  if (_mainViewport.empty())
+  {
+    return;
+  }
+  _mainProjection =
+      Matrix44d::orthographic(0.0, _mainViewport.width, 0.0, _mainViewport.height, -10.0, 10.0);
+  if (tree())
+  {
+    camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), Detail::pixelsPerLeaf,
+                                    _mainViewport);
+  }
+}
+
+void ViewCladogram::render()
+{
+  const Kelmar::Math::Matrix44d matrix = viewMatrix();
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  if (!_mainViewport.empty())
+  {
+    _renderMainView(matrix);
+  }
+  glFlush();
+}
+
+void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
+{
+  glEnable(GL_DEPTH_TEST);
+  Detail::applyViewport(_mainViewport);
+  Detail::applyMatrices(_mainProjection, matrix);
+  _cullAndDraw(*Detail::makeState(_mainViewport, _mainProjection, matrix), true);
+}
+
+void ViewCladogram::_cullAndDraw(State& state, bool drawText)
+{
+  RenderGraph graph;
+  const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
+      &state, camera()->zoomLevel(), camera()->numberOfZoomLevels(), &graph, settings()));
+  if (_root)
+  {
+    const Detail::DrawTextGuard guard(*settings(), drawText);
+    _root->accept(*visitor);
+  }
+  graph.render(state);
+}
+
+void ViewCladogram::handleNavigation(const MouseEvent& current, const MouseEvent& last)
+{
+  using Detail::Vector3d;
+  if (_mainViewport.empty())
+  {
+    return;
+  }
+  const Kelmar::Math::Matrix44d toWorld = inverseOrThrow(_mainProjection * viewMatrix());
+  const Vector3d a = toWorld * Vector3d(current.position[0], current.position[1], 0.0);
+  const Vector3d b = toWorld * Vector3d(last.position[0], last.position[1], 0.0);
+  if (current.left)
+  {
+    camera()->pan(0.0, a[1] - b[1]);
+  }
+  else if (current.right)
+  {
+    handleZoom(current.position[1] - last.position[1]);
+  }
+}
+
+void ViewCladogram::handleZoom(double amount)
+{
+  camera()->zoomByAmount(camera()->zoom() * amount);
+}
+
+} // namespace orvex::render::gl
