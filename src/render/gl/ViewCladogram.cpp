@@ -4,10 +4,12 @@
 #include "render/LayoutCladogram.h"
 #include "render/MouseEvent.h"
 #include "render/gl/CullVisitor.h"
+#include "render/gl/FrameBufferObject.h"
 #include "render/gl/OpenGL.h"
+#include "render/gl/Passes.h"
 #include "render/gl/RenderGraph.h"
 #include "render/gl/SceneBuilder.h"
-#include "render/gl/State.h"
+#include "render/gl/Texture2D.h"
 #include "tree/Tree.h"
 
 #include <boost/core/noncopyable.hpp>
@@ -24,31 +26,6 @@ constexpr double thumbnailShare = 0.1;
 constexpr unsigned int gapBesideText = 5;
 // The height of one leaf at the greatest zoom.
 constexpr unsigned int pixelsPerLeaf = 18;
-
-void applyViewport(const Viewport& viewport)
-{
-  glViewport(static_cast<GLint>(viewport.x), static_cast<GLint>(viewport.y),
-             static_cast<GLsizei>(viewport.width), static_cast<GLsizei>(viewport.height));
-}
-
-void applyMatrices(const Matrix44d& projection, const Matrix44d& modelView)
-{
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixd(projection.data());
-  glMatrixMode(GL_MODELVIEW);
-  glLoadIdentity();
-  glLoadMatrixd(modelView.data());
-}
-
-boost::intrusive_ptr<State> makeState(const Viewport& viewport, const Matrix44d& projection,
-                                      const Matrix44d& modelView)
-{
-  boost::intrusive_ptr<State> state(new State);
-  state->viewport(viewport);
-  state->modelViewMatrix(modelView);
-  state->projectionMatrix(projection);
-  return state;
-}
 
 /// Whether labels are drawn, for one pass; true again at the end of the scope.
 class DrawTextGuard : private boost::noncopyable
@@ -72,7 +49,13 @@ ViewCladogram::ViewCladogram()
   glClearColor(0, 0, 0, 1);
 }
 
-ViewCladogram::~ViewCladogram() noexcept(false) = default;
+// The thumbnail's OpenGL objects that are not deleted here die with the widget's context.
+ViewCladogram::~ViewCladogram() noexcept(false)
+{
+  _thumbnailTexture = nullptr;
+  _frameBuffer = nullptr;
+  _root = nullptr;
+}
 
 Kelmar::Math::Matrix44d ViewCladogram::viewMatrix() const
 {
@@ -99,6 +82,7 @@ void ViewCladogram::resize(unsigned int width, unsigned int height)
   _thumbnailViewport.set(0, 0, thumbnailWidth, height);
   _thumbnailProjection = Matrix44d::orthographic(-0.5, 0.5, -0.5, 0.5, -10.0, 10.0);
   _mainViewport.set(thumbnailWidth, 0, width - thumbnailWidth, height);
+  _thumbnailDirty = true;
   if (_mainViewport.empty())
   {
     return;
@@ -118,6 +102,8 @@ void ViewCladogram::render()
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   if (!_mainViewport.empty())
   {
+    // First the thumbnail: a picture that has to be made is finished before the main area is drawn.
+    _renderThumbnailView(matrix);
     _renderMainView(matrix);
   }
   glFlush();
@@ -126,9 +112,9 @@ void ViewCladogram::render()
 void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
 {
   glEnable(GL_DEPTH_TEST);
-  Detail::applyViewport(_mainViewport);
-  Detail::applyMatrices(_mainProjection, matrix);
-  _cullAndDraw(*Detail::makeState(_mainViewport, _mainProjection, matrix), true);
+  applyViewport(_mainViewport);
+  applyMatrices(_mainProjection, matrix);
+  _cullAndDraw(*makePassState(_mainViewport, _mainProjection, matrix), true);
 }
 
 void ViewCladogram::_cullAndDraw(State& state, bool drawText)

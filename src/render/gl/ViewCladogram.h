@@ -7,10 +7,14 @@
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
+#include <memory>
+
 namespace orvex::render::gl
 {
 
+class FrameBufferObject;
 class State;
+class Texture2D;
 
 /// Shows one tree as a cladogram: a thumbnail column at the left, the main area right of it.
 ///
@@ -40,6 +44,12 @@ protected:
   ~ViewCladogram() noexcept(false) override;
 
 private:
+  void _createThumbnailImage();
+  void _attachThumbnailTexture();
+  void _drawThumbnailPicture();
+  void _renderThumbnailView(const Kelmar::Math::Matrix44d& matrix);
+  // The world that the main area shows, as the rectangle on the thumbnail draws it.
+  Box2D _shownPart(const Kelmar::Math::Matrix44d& matrix) const;
   void _renderMainView(const Kelmar::Math::Matrix44d& matrix);
   void _cullAndDraw(State& state, bool drawText);
 
@@ -48,6 +58,13 @@ private:
   Kelmar::Math::Matrix44d _mainProjection;
   Viewport _thumbnailViewport;
   Kelmar::Math::Matrix44d _thumbnailProjection;
+  // The picture must be made again before it is next drawn.
+  bool _thumbnailDirty = true;
+  // The colour target of the framebuffer object; 0 for none.
+  unsigned int _thumbnailTextureId = 0;
+  std::unique_ptr<FrameBufferObject> _frameBuffer;
+  // The finished picture; null without framebuffer support.
+  boost::intrusive_ptr<Texture2D> _thumbnailTexture;
 };
 
 } // namespace orvex::render::gl
