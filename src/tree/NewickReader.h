@@ -16,9 +16,8 @@ class Tree;
 /// It knows three structural characters, "(", ")" and ",", and a ":" that divides a token into name
 /// and branch length. Every other byte is text of a token: blanks, quotes, square brackets and
 /// semicolons too. Line ends are dropped, so a tree may stand on many lines. What follows the
-/// root's
-/// ")" names nothing. Of several trees in a file the last is the root's; the others' nodes stay
-/// behind, unreached. Missing ")" at the end are no error.
+/// ")" of the root names nothing. Of several trees in a file the last is the root's; the others'
+/// nodes stay behind, unreached. Missing ")" at the end are no error.
 ///
 /// After the format described at https://phylipweb.github.io/phylip/newicktree.html, narrower in
 /// that it has no quoting and no comments.
