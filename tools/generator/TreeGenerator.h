@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace orvex::tools
+{
+
+enum class TreeShape
+{
+  Random,   ///< a random leaf forks in two, again and again: the trees that pure birth gives
+  Balanced, ///< every level full before the next one begins
+  Ladder,   ///< one leaf beside all the rest, on every level
+  Star,     ///< all leaves hang on the root
+  Polytomy  ///< a random leaf divides into 2 to 50
+};
+
+/// \throws std::invalid_argument  for a word that names no shape
+TreeShape shapeFromName(const std::string& name);
+
+/// Makes trees up: the same seed gives the same text on every machine. Time and memory are linear
+/// in the number of leaves, and no shape is too deep for it.
+class TreeGenerator
+{
+public:
+  static constexpr unsigned int mostLeaves = 100'000'000;
+
+  explicit TreeGenerator(std::uint32_t seed) : _random(seed) {}
+
+  /// A tree in Newick form, closed by a semicolon and no line end. Leaves are named like species;
+  /// inner nodes have no name.
+  /// \param withLengths  whether every node but the root gets a branch length
+  /// \throws std::invalid_argument  for no leaves, or more than mostLeaves
+  std::string newick(TreeShape shape, unsigned int leaves, bool withLengths = false);
+
+private:
+  /// The children of a node are numbered one after the other.
+  struct Node
+  {
+    unsigned int firstChild = 0;
+    unsigned int numberOfChildren = 0;
+  };
+
+  std::vector<Node> _grow(TreeShape shape, unsigned int leaves);
+  /// \return which of \p count leaves divides next
+  unsigned int _chooseLeaf(TreeShape shape, unsigned int count);
+  /// \return into how many it divides
+  unsigned int _chooseChildren(TreeShape shape, unsigned int most);
+  std::string _write(const std::vector<Node>& nodes, unsigned int leaves, bool withLengths);
+  void _writeName(std::string& text);
+  /// Below \p limit. The distributions of the standard library differ from one to the next.
+  unsigned int _below(unsigned int limit) { return static_cast<unsigned int>(_random() % limit); }
+
+  std::mt19937 _random;
+};
+
+} // namespace orvex::tools
