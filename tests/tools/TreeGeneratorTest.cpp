@@ -3,6 +3,7 @@
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 
+#include <boost/filesystem.hpp>
 #include <gmock/gmock.h>
 
 #include <cstdio>
@@ -97,6 +98,29 @@ TEST(TreeGenerator, IsAProgram)
   {
     EXPECT_THAT(generate(wrong), testing::MatchesRegex("orvex-generate: [^\n]+\n1")) << wrong;
   }
+}
+
+TEST(Examples, AreTreesThatTheViewerReads)
+{
+  int trees = 0;
+  for (const auto& file : boost::filesystem::directory_iterator(ORVEX_EXAMPLES))
+  {
+    if (file.path().extension() == ".nwk")
+    {
+      SCOPED_TRACE(file.path());
+      const auto tree = orvex::NewickReader()(file.path().string());
+      ASSERT_NE(tree, nullptr);
+      EXPECT_EQ(tree->getRootNodeId(), 0) << "one tree in the file";
+      std::vector<int> leaves;
+      tree->getLeafNodes(0, leaves);
+      for (const int leaf : leaves)
+      {
+        EXPECT_THAT(tree->getName(leaf), testing::MatchesRegex("[A-Z][A-Za-z0-9_' -]+"));
+      }
+      ++trees;
+    }
+  }
+  EXPECT_GE(trees, 4);
 }
 
 } // namespace
