@@ -1,0 +1,58 @@
+#pragma once
+
+#include <boost/core/noncopyable.hpp>
+
+#include <curl/curl.h>
+
+#include <cstdint>
+#include <exception>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace Kelmar::Network
+{
+
+/// Owner of one libcurl easy handle, for one transfer of one URL into a stream. Redirects are
+/// followed, to http and https only. The answer's status is not looked at.
+class Curl : private boost::noncopyable
+{
+public:
+  /// The largest body taken, in bytes: what is downloaded is kept in memory.
+  static constexpr std::uint64_t maximumBody = std::uint64_t(2) << 30;
+
+  /// \param output               not owned, must outlive this object
+  /// \param timeoutMilliseconds  for the whole transfer; 0 for none
+  /// \param bodyLimit            a longer body is an error, in bytes
+  /// \throws std::runtime_error  if there is no handle, no stream, or an option is refused
+  Curl(const std::string& url, std::ostream* output, unsigned int timeoutMilliseconds,
+       std::uint64_t bodyLimit = maximumBody);
+  ~Curl();
+
+  /// Blocks until the transfer has ended.
+  /// \throws std::runtime_error  if it failed, and whatever the stream threw
+  void download();
+
+private:
+  void _configure(unsigned int timeoutMilliseconds);
+  void _check(CURLcode code) const;
+  [[noreturn]] void _fail(const std::string& reason) const;
+  unsigned long _writeData(void* buffer, unsigned long size, unsigned long count);
+  int _progress(double downloadTotal, double downloaded, double uploadTotal, double uploaded);
+
+  static unsigned long _writeDataCB(void* buffer, unsigned long size, unsigned long count,
+                                    void* user);
+  static int _progressCB(void* user, curl_off_t downloadTotal, curl_off_t downloaded,
+                         curl_off_t uploadTotal, curl_off_t uploaded);
+
+  std::string _url;
+  std::ostream* _output;
+  std::vector<char> _error;
+  CURL* _curl = nullptr;
+  std::uint64_t _bodyLimit;
+  std::uint64_t _received = 0;
+  // Raised below libcurl's frames, which no exception may cross.
+  std::exception_ptr _failure;
+};
+
+} // namespace Kelmar::Network

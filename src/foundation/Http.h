@@ -1,0 +1,25 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+namespace Kelmar::Network
+{
+
+/// Fetches what lies under a URL, as often as asked.
+class Http
+{
+public:
+  explicit Http(const std::string& url);
+
+  /// Blocks until the body is in the stream. An error status with a body is no failure.
+  /// \param output               must not be null
+  /// \param timeoutMilliseconds  for the whole transfer; 0 for none
+  /// \throws std::runtime_error  if the transfer fails
+  void download(std::ostream* output, unsigned int timeoutMilliseconds);
+
+private:
+  std::string _url;
+};
+
+} // namespace Kelmar::Network
