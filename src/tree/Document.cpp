@@ -1,6 +1,7 @@
 #include "tree/Document.h"
 
 #include "tree/NewickReader.h"
+#include "tree/Reader.h"
 #include "tree/Tree.h"
 #include "tree/TreeDepth.h"
 
@@ -26,6 +27,12 @@ void Document::read(const std::string& filename)
     requireShallow(*tree);
   }
   _tree = tree;
+}
+
+void Document::loadFromHalvane(int id)
+{
+  Reader reader;
+  _tree = reader(id);
 }
 
 } // namespace orvex

@@ -21,6 +21,10 @@ public:
   /// \throws what NewickReader throws, and std::runtime_error for a tree too deep to be shown
   void read(const std::string& filename);
 
+  /// Loads a tree from the tree service; blocks until it is in. Replaces the tree only on success.
+  /// \throws what Reader throws
+  void loadFromHalvane(int id);
+
   /// May be null.
   boost::shared_ptr<Tree> getTree() const { return _tree; }
 

@@ -64,7 +64,11 @@ void requireShallow(const Tree& tree)
   {
     return;
   }
-  const unsigned int depth = Detail::depthBelow(tree, tree.getRootNodeId());
+  requireShallow(Detail::depthBelow(tree, tree.getRootNodeId()));
+}
+
+void requireShallow(unsigned int depth)
+{
   const unsigned int most = maximumTreeDepth();
   if (depth > most)
   {

@@ -13,5 +13,7 @@ unsigned int maximumTreeDepth();
 /// Refuses a tree that would overflow the stack, without recursion of its own.
 /// \throws std::runtime_error  if the tree under the root is deeper than maximumTreeDepth()
 void requireShallow(const Tree& tree);
+/// The same for a depth counted elsewhere, in levels below the root.
+void requireShallow(unsigned int depth);
 
 } // namespace orvex

@@ -1,0 +1,26 @@
+#include "tree/TreeService.h"
+
+#include "foundation/Http.h"
+
+#include <sstream>
+#include <stdexcept>
+
+namespace orvex
+{
+
+const char* const treeServiceUrl = ORVEX_TREE_SERVICE_URL;
+
+std::string downloadText(const std::string& url)
+{
+  std::ostringstream stream;
+  Kelmar::Network::Http http(url);
+  http.download(&stream, 0);
+  // A string stream that finds no memory drops what it is given and says so only here.
+  if (!stream)
+  {
+    throw std::runtime_error("There is not enough memory for the answer of " + url);
+  }
+  return stream.str();
+}
+
+} // namespace orvex
