@@ -1,0 +1,231 @@
+#include "gui/MainWindow.h"
+
+#include "gui/AboutText.h"
+#include "gui/ErrorBox.h"
+#include "gui/FileDialog.h"
+#include "gui/Settings.h"
+#include "gui/Strings.h"
+#include "gui/Viewer.h"
+#include "gui/WaitCursor.h"
+#include "render/DisplaySettings.h"
+#include "render/gl/FreeType.h"
+#include "shell/ExceptionHandler.h"
+#include "shell/NoThrow.h"
+#include "tree/Document.h"
+#include "tree/Tree.h"
+#include "ui_MainWindow.h"
+
+#include <boost/bind/bind.hpp>
+
+#include <QCoreApplication>
+#include <QMessageBox>
+
+#include <iostream>
+#include <sstream>
+
+namespace Lumbra
+{
+namespace Detail
+{
+
+using Kelmar::Functions::Helper::exceptionHandler;
+
+const char* const GEOMETRY = "main_window_geometry";
+
+} // namespace Detail
+
+MainWindow::MainWindow() : _ui(new Ui_MainWindow)
+{
+  _ui->setupUi(this);
+  connect(_ui->actionQuit, &QAction::triggered, this, &QWidget::close);
+  for (QAction* action : {_ui->actionExport_Image, _ui->actionInfo, _ui->actionAlways_Show_Tree})
+  {
+    connect(this, &MainWindow::viewerIsValid, action, &QAction::setEnabled);
+  }
+  emit viewerIsValid(false);
+  setWindowTitle(QCoreApplication::applicationName());
+  setWindowIcon(QIcon(":/Images/tesmar_icon.gif"));
+  restoreGeometry(Tools::Qt::setting(Detail::GEOMETRY).toByteArray());
+}
+
+MainWindow::~MainWindow()
+{
+  Kelmar::Functions::noThrow(boost::bind(&MainWindow::_destroy, this), "2445711089");
+}
+
+void MainWindow::_destroy()
+{
+  Tools::Qt::setting(Detail::GEOMETRY, saveGeometry());
+  delete _ui;
+  _ui = nullptr;
+  _documentClose();
+  // A viewer that was replaced may still wait for its deletion; no font may outlive the library.
+  qDeleteAll(findChildren<QGLWidget*>(QString(), ::Qt::FindDirectChildrenOnly));
+  orvex::render::gl::FreeType::destroy();
+}
+
+void MainWindow::_documentNew()
+{
+  try
+  {
+    _documentClose();
+  }
+  catch (const std::exception& e)
+  {
+    Detail::exceptionHandler("6250838000", e, std::cout);
+  }
+  catch (...)
+  {
+    Detail::exceptionHandler("6250838000", std::cout);
+  }
+}
+
+void MainWindow::_documentClose()
+{
+  delete _viewer;
+  _viewer = nullptr;
+}
+
+void MainWindow::_documentOpen()
+{
+  try
+  {
+    const Tools::Qt::FileDialog::Filters filters{{"Newick (*.tre)", "*.tre"},
+                                                 {"Newick (*.nwk)", "*.nwk"}};
+    const std::string name = Tools::Qt::FileDialog::getOpenFileName(this, "Open", filters);
+    if (name.empty())
+    {
+      return;
+    }
+    // Before the new file is read: two large trees need not fit into memory.
+    _documentClose();
+    _documentOpen(name);
+  }
+  catch (const std::exception& e)
+  {
+    Detail::exceptionHandler("2020255221", e, std::cout);
+  }
+  catch (...)
+  {
+    Detail::exceptionHandler("2020255221", std::cout);
+  }
+}
+
+void MainWindow::_documentOpen(const std::string& name)
+{
+  std::ostringstream errors;
+  try
+  {
+    const WaitCursor cursor;
+    const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
+    document->read(name);
+    _createGui(document);
+  }
+  catch (const std::exception& e)
+  {
+    Detail::exceptionHandler("2991944830", e, errors);
+  }
+  catch (...)
+  {
+    Detail::exceptionHandler("2991944830", errors);
+  }
+  if (!errors.str().empty())
+  {
+    const std::string shown = Tools::Qt::text(Tools::Qt::fileName(name));
+    _showErrorMessage("Error Loading File " + shown, errors.str());
+  }
+}
+
+void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)
+{
+  _viewer = new Viewer(this);
+  setCentralWidget(_viewer);
+  if (!document)
+  {
+    return;
+  }
+  _viewer->tree(document->getTree());
+  _viewer->updateScene();
+  emit viewerIsValid(true);
+}
+
+void MainWindow::_showErrorMessage(std::string title, std::string text)
+{
+  Tools::Qt::showErrorBox(this, title, text);
+}
+
+void MainWindow::_exportImage()
+{
+  if (!_viewer)
+  {
+    return;
+  }
+  const Tools::Qt::FileDialog::Filters filters{{"JPEG Image (*.jpg)", "*.jpg"},
+                                               {"PNG Image (*.png)", "*.png"},
+                                               {"BMP Image (*.bmp)", "*.bmp"},
+                                               {"TIF Image (*.tif)", "*.tif"}};
+  const std::string name = Tools::Qt::FileDialog::getSaveFileName(this, "Export Image", filters);
+  if (!name.empty())
+  {
+    _viewer->writeImageFile(name);
+  }
+}
+
+void MainWindow::_showTreeInfo()
+{
+  if (!_viewer)
+  {
+    return;
+  }
+  const boost::shared_ptr<orvex::Tree> tree = _viewer->tree();
+  const unsigned int leaves = tree ? tree->getNumberOfLeafNodes() : 0;
+  const unsigned int nodes = tree ? tree->getNumberOfNodes() : 0;
+  std::ostringstream out;
+  out << "Number of nodes: " << nodes << "\nNumber of leaves: " << leaves;
+  QMessageBox::information(this, "Tree info", Tools::Qt::text(out.str()), QMessageBox::Ok);
+}
+
+void MainWindow::_toggleAlwaysShowHighLod()
+{
+  orvex::render::DisplaySettings* settings = _viewer ? _viewer->settings() : nullptr;
+  if (!settings)
+  {
+    return;
+  }
+  settings->alwaysUseHighLod(!settings->alwaysUseHighLod());
+  _viewer->update();
+  _ui->actionAlways_Show_Tree->setCheckable(true);
+  _ui->actionAlways_Show_Tree->setChecked(settings->alwaysUseHighLod());
+}
+
+void MainWindow::_about()
+{
+  QMessageBox::about(this, "About", aboutText);
+}
+
+void MainWindow::on_actionOpen_triggered()
+{
+  _documentOpen();
+}
+
+void MainWindow::on_actionExport_Image_triggered()
+{
+  _exportImage();
+}
+
+void MainWindow::on_actionInfo_triggered()
+{
+  _showTreeInfo();
+}
+
+void MainWindow::on_actionAlways_Show_Tree_triggered()
+{
+  _toggleAlwaysShowHighLod();
+}
+
+void MainWindow::on_actionAbout_triggered()
+{
+  _about();
+}
+
+} // namespace Lumbra

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <boost/core/noncopyable.hpp>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+#include <QMainWindow>
+
+#include <string>
+
+class Ui_MainWindow;
+
+namespace orvex
+{
+class Document;
+}
+
+namespace Lumbra
+{
+
+class Viewer;
+
+/// The program's window: a menu bar over the viewer of at most one tree. It keeps its geometry in
+/// the user's settings.
+class MainWindow : public QMainWindow, private boost::noncopyable
+{
+  Q_OBJECT
+
+public:
+  MainWindow();
+  ~MainWindow() override;
+
+signals:
+  /// Whether there is a viewer for the actions that need one. Emitted with false by the constructor
+  /// only.
+  void viewerIsValid(bool valid);
+
+protected:
+  /// Closes the shown tree.
+  virtual void _documentNew();
+  /// Asks for a file and opens it in place of the shown tree.
+  virtual void _documentOpen();
+  /// Reads a file and shows its tree; a failure shows a box.
+  /// \param name  in the file system's encoding
+  virtual void _documentOpen(const std::string& name);
+
+private slots:
+  void on_actionOpen_triggered();
+  void on_actionExport_Image_triggered();
+  void on_actionInfo_triggered();
+  void on_actionAlways_Show_Tree_triggered();
+  void on_actionAbout_triggered();
+
+private:
+  void _destroy();
+  void _documentClose();
+  /// Shows a document's tree in a new viewer, which replaces the central widget.
+  /// \param document  null leaves the viewer empty
+  void _createGui(boost::intrusive_ptr<orvex::Document> document);
+  void _showErrorMessage(std::string title, std::string text);
+  void _exportImage();
+  void _showTreeInfo();
+  void _toggleAlwaysShowHighLod();
+  void _about();
+
+  Ui_MainWindow* _ui;
+  // The central widget, owned by Qt as such; null while no tree is shown.
+  Viewer* _viewer = nullptr;
+};
+
+} // namespace Lumbra

@@ -1,0 +1,176 @@
+#include "gui/Viewer.h"
+
+#include "gui/ImageFile.h"
+#include "render/MouseEvent.h"
+#include "render/gl/ViewCladogram.h"
+
+#include <boost/make_shared.hpp>
+
+#include <QGLFormat>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+namespace Lumbra
+{
+namespace Detail
+{
+
+using orvex::render::MouseEvent;
+
+QGLFormat multisampled()
+{
+  QGLFormat format;
+  format.setSampleBuffers(true);
+  format.setSamples(4);
+  return format;
+}
+
+// The key beside a one-button mouse. Away from the Mac it is Control, in the same place; window
+// managers there take Meta for themselves.
+bool hasSecondButtonModifier(::Qt::KeyboardModifiers modifiers)
+{
+#ifdef Q_OS_MACOS
+  return modifiers.testFlag(::Qt::MetaModifier);
+#else
+  return modifiers.testFlag(::Qt::MetaModifier) || modifiers.testFlag(::Qt::ControlModifier);
+#endif
+}
+
+/// \param pixel  counted from the edge that becomes -1.0
+double normalized(int pixel, int size)
+{
+  return 2.0 * static_cast<double>(static_cast<float>(pixel)) / size - 1.0;
+}
+
+MouseEvent toMouseEvent(const QMouseEvent& event, const QSize& size)
+{
+  const ::Qt::MouseButtons held = event.buttons();
+  const bool second = hasSecondButtonModifier(event.modifiers());
+  const bool left = held.testFlag(::Qt::LeftButton);
+  MouseEvent result;
+  result.position = {normalized(event.x(), size.width()),
+                     normalized(size.height() - event.y(), size.height())};
+  result.left = left && !second;
+  result.middle = held.testFlag(::Qt::MiddleButton);
+  result.right = held.testFlag(::Qt::RightButton) || (left && second);
+  return result;
+}
+
+} // namespace Detail
+
+Viewer::Viewer(QWidget* parent) : QGLWidget(Detail::multisampled(), parent)
+{
+  makeCurrent();
+  _view = new orvex::render::gl::ViewCladogram;
+  setFocusPolicy(::Qt::ClickFocus);
+  setAttribute(::Qt::WA_DeleteOnClose, true);
+}
+
+Viewer::~Viewer()
+{
+  makeCurrent();
+  _lastMouse.reset();
+  _currentMouse.reset();
+  _view.reset();
+}
+
+void Viewer::tree(boost::shared_ptr<orvex::Tree> tree)
+{
+  _view->tree(tree);
+}
+
+boost::shared_ptr<orvex::Tree> Viewer::tree() const
+{
+  return _view->tree();
+}
+
+void Viewer::updateScene()
+{
+  _view->update();
+}
+
+orvex::render::DisplaySettings* Viewer::settings()
+{
+  return _view->settings();
+}
+
+const orvex::render::DisplaySettings* Viewer::settings() const
+{
+  return _view->settings();
+}
+
+orvex::render::CameraCladogram* Viewer::camera()
+{
+  return _view->camera();
+}
+
+const orvex::render::CameraCladogram* Viewer::camera() const
+{
+  return _view->camera();
+}
+
+void Viewer::writeImageFile(const std::string& name)
+{
+  Tools::Qt::saveImage(grabFrameBuffer(false), name);
+}
+
+void Viewer::mousePressEvent(QMouseEvent* event)
+{
+  _navigate(event);
+  update();
+}
+
+void Viewer::mouseReleaseEvent(QMouseEvent* event)
+{
+  _navigate(event);
+  _currentMouse.reset();
+  _lastMouse.reset();
+  update();
+}
+
+void Viewer::mouseMoveEvent(QMouseEvent* event)
+{
+  _navigate(event);
+  update();
+}
+
+void Viewer::_navigate(QMouseEvent* event)
+{
+  _lastMouse = _currentMouse;
+  _currentMouse = boost::make_shared<Detail::MouseEvent>(Detail::toMouseEvent(*event, size()));
+  if (_currentMouse && _lastMouse)
+  {
+    _view->handleNavigation(*_currentMouse, *_lastMouse);
+  }
+}
+
+void Viewer::wheelEvent(QWheelEvent* event)
+{
+  _view->handleZoom(event->angleDelta().y() / 1000.0);
+  update();
+}
+
+void Viewer::keyPressEvent(QKeyEvent* event)
+{
+  if (event->key() != ::Qt::Key_Space)
+  {
+    return;
+  }
+  const boost::intrusive_ptr<orvex::render::CameraCladogram> held(camera());
+  held->reset();
+  update();
+}
+
+void Viewer::resizeGL(int width, int height)
+{
+  QGLWidget::resizeGL(width, height);
+  _view->resize(static_cast<unsigned int>(width), static_cast<unsigned int>(height));
+}
+
+void Viewer::paintGL()
+{
+  _view->render();
+}
+
+} // namespace Lumbra

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <boost/core/noncopyable.hpp>
+#include <boost/shared_ptr.hpp>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+#include <QGLWidget>
+
+#include <string>
+
+namespace orvex
+{
+class Tree;
+}
+
+namespace orvex::render
+{
+class CameraCladogram;
+class DisplaySettings;
+class View;
+struct MouseEvent;
+} // namespace orvex::render
+
+namespace Lumbra
+{
+
+/// The widget that shows one tree: owns its view and hands Qt's events to it. It draws on demand
+/// only, when Qt asks for it or after an event that may have changed the picture.
+class Viewer : public QGLWidget, private boost::noncopyable
+{
+public:
+  /// Makes an OpenGL context of its own and leaves it current.
+  explicit Viewer(QWidget* parent);
+  /// Makes its own context current, since another viewer's may be.
+  ~Viewer() override;
+
+  void tree(boost::shared_ptr<orvex::Tree> tree);
+  boost::shared_ptr<orvex::Tree> tree() const;
+  /// Builds what the view needs for its tree. Asks for no repaint.
+  void updateScene();
+
+  /// Owned by the view, as is the camera.
+  orvex::render::DisplaySettings* settings();
+  const orvex::render::DisplaySettings* settings() const;
+  orvex::render::CameraCladogram* camera();
+  const orvex::render::CameraCladogram* camera() const;
+
+  /// Writes what the widget shows, at its size in pixels, in the format of the name's suffix. A
+  /// failure is silent and leaves no file.
+  void writeImageFile(const std::string& name);
+
+protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeGL(int width, int height) override;
+  void paintGL() override;
+
+private:
+  void _navigate(QMouseEvent* event);
+
+  boost::intrusive_ptr<orvex::render::View> _view;
+  // Null outside a drag; the last one also at the start of a drag.
+  boost::shared_ptr<orvex::render::MouseEvent> _currentMouse;
+  boost::shared_ptr<orvex::render::MouseEvent> _lastMouse;
+};
+
+} // namespace Lumbra

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <boost/core/noncopyable.hpp>
+
+#include <QApplication>
+#include <QCursor>
+
+namespace Lumbra
+{
+
+/// Shows the wait cursor in its lifetime.
+class WaitCursor : private boost::noncopyable
+{
+public:
+  WaitCursor() { QApplication::setOverrideCursor(QCursor(::Qt::WaitCursor)); }
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+} // namespace Lumbra
