@@ -1,0 +1,52 @@
+#include "shell/Program.h"
+
+#include "gui/MainWindow.h"
+#include "gui/Strings.h"
+#include "shell/Application.h"
+#include "shell/QtOutput.h"
+#include "shell/StreamRedirect.h"
+#include "shell/UserDirectory.h"
+
+#include <boost/filesystem/operations.hpp>
+
+#include <ios>
+
+namespace Brevan
+{
+namespace Detail
+{
+
+void identify(const std::string& organisation, const std::string& domain, const std::string& name)
+{
+  using Tools::Qt::text;
+  QCoreApplication::setOrganizationName(text(organisation));
+  QCoreApplication::setOrganizationDomain(text(domain));
+  QCoreApplication::setApplicationName(text(name));
+  QCoreApplication::setApplicationVersion("0.2");
+}
+
+} // namespace Detail
+
+int Program::run(int argc, char** argv)
+{
+  std::ios_base::sync_with_stdio(true);
+  Helper::installQtOutput();
+  const std::string organisation = "TesmarGroup";
+  const std::string domain = "tesmar.example";
+  const std::string name = "Orvex Tree Viewer";
+
+  const std::string directory = Kelmar::User::Directory::program(organisation, name);
+  boost::filesystem::create_directories(directory);
+  const StreamRedirect redirect(directory + "/" + name + ".stdout");
+
+  const Application application(argc, argv);
+  Detail::identify(organisation, domain, name);
+
+  // The window reads its settings under the names just given.
+  Lumbra::MainWindow window;
+  window.setWindowTitle(Tools::Qt::text(name));
+  window.setVisible(true);
+  return QApplication::exec();
+}
+
+} // namespace Brevan

@@ -1,0 +1,77 @@
+#include "shell/QtOutput.h"
+
+#include "gui/Strings.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace Helper
+{
+namespace Detail
+{
+
+/// \return null for a level that is not written
+const char* prefix(QtMsgType type)
+{
+  switch (type)
+  {
+  case QtDebugMsg:
+    return "Qt Debug Message: ";
+  case QtWarningMsg:
+    return "Qt Warning Message: ";
+  case QtCriticalMsg:
+    return "Qt Critical Message: ";
+  case QtFatalMsg:
+    return "Qt Fatal Message: ";
+  default:
+    return nullptr;
+  }
+}
+
+void write(QtMsgType type, std::string text)
+{
+  std::replace(text.begin(), text.end(), '\r', '\n');
+  while (!text.empty() && text.back() == '\n')
+  {
+    text.pop_back();
+  }
+  if (const char* start = prefix(type))
+  {
+    std::cout << start + text + "\n" << std::flush;
+  }
+}
+
+void handle(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+  try
+  {
+    qtOutput(type, Tools::Qt::text(message).c_str());
+  }
+  catch (...)
+  {
+  }
+}
+
+} // namespace Detail
+
+void qtOutput(QtMsgType type, const char* message)
+{
+  if (!message)
+  {
+    return;
+  }
+  try
+  {
+    Detail::write(type, message);
+  }
+  catch (...)
+  {
+  }
+}
+
+void installQtOutput()
+{
+  qInstallMessageHandler(Detail::handle);
+}
+
+} // namespace Helper

@@ -1,0 +1,28 @@
+#include "shell/ExceptionHandler.h"
+#include "shell/Program.h"
+#include "shell/StackLimit.h"
+
+#include <cstdlib>
+#include <fstream>
+
+int main(int argc, char** argv)
+{
+  using Kelmar::Functions::Helper::exceptionHandler;
+  Kelmar::System::raiseStackLimit();
+  std::ofstream failure("exception.txt", std::ios::out | std::ios::trunc);
+  try
+  {
+    const int result = Brevan::Program::run(argc, argv);
+    failure.close();
+    return result;
+  }
+  catch (const std::exception& e)
+  {
+    exceptionHandler("1630567380", e, failure);
+  }
+  catch (...)
+  {
+    exceptionHandler("1630567380", failure);
+  }
+  return EXIT_FAILURE;
+}
