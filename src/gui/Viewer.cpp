@@ -112,7 +112,15 @@ const orvex::render::CameraCladogram* Viewer::camera() const
 
 void Viewer::writeImageFile(const std::string& name)
 {
-  Tools::Qt::saveImage(grabFrameBuffer(false), name);
+  Tools::Qt::saveImage(picture(), name);
+}
+
+QImage Viewer::picture()
+{
+  // After a frame was shown the buffer's content is undefined, so the frame is drawn once more.
+  makeCurrent();
+  paintGL();
+  return grabFrameBuffer(false);
 }
 
 void Viewer::mousePressEvent(QMouseEvent* event)

@@ -45,8 +45,9 @@ public:
   orvex::render::CameraCladogram* camera();
   const orvex::render::CameraCladogram* camera() const;
 
-  /// Writes what the widget shows, at its size in pixels, in the format of the name's suffix. A
-  /// failure is silent and leaves no file.
+  /// What the widget shows, at its size in pixels. The widget must have been shown.
+  QImage picture();
+  /// Writes the picture in the format of the name's suffix. A failure is silent and leaves no file.
   void writeImageFile(const std::string& name);
 
 protected:
