@@ -5,6 +5,7 @@
 #include "render/gl/RenderTaxonLabels.h"
 
 #include <utility>
+#include <vector>
 
 namespace orvex::render::gl
 {
@@ -68,17 +69,13 @@ void CullVisitor::visit(RenderTaxonLabels& labels)
   {
     return;
   }
+  // Only rows are tested: a label left or right of the viewport stays, and OpenGL clips it.
   const Viewport& viewport = _state->viewport();
-  Box2D shown;
-  shown.minimum = {double(viewport.x), double(viewport.y)};
-  shown.maximum = {double(viewport.width), double(viewport.height)};
-  for (const boost::intrusive_ptr<Text>& text : labels.getOrCreateTextForLevel(_zoomLevel, *_state))
+  std::vector<Text*> shown;
+  labels.findTextForLevel(_zoomLevel, *_state, viewport.y, viewport.height, shown);
+  for (Text* text : shown)
   {
-    // A label left or right of the viewport stays on the list; OpenGL clips it.
-    if (text->getBoundingBoxScreenSpace(_localToScreen).overlapsInY(shown))
-    {
-      _renderGraph->addText(text);
-    }
+    _renderGraph->addText(text);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "render/gl/State.h"
 #include "render/gl/Visitor.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvex::render::gl
@@ -20,19 +21,21 @@ boost::intrusive_ptr<Font> loadFont()
 }
 
 // Labels lie in leaf order, y falling, so that one can only run into the last one kept.
-void thin(const RenderTaxonLabels::Texts& all, const Kelmar::Math::Matrix44d& localToScreen,
-          RenderTaxonLabels::Texts& kept)
+RenderTaxonLabels::Kept thin(const RenderTaxonLabels::Texts& texts,
+                             const Kelmar::Math::Matrix44d& localToScreen)
 {
+  RenderTaxonLabels::Kept kept(texts.size());
   Box2D last;
-  for (const boost::intrusive_ptr<Text>& text : all)
+  for (std::size_t i = 0; i < texts.size(); ++i)
   {
-    const Box2D box = text->getBoundingBoxScreenSpace(localToScreen);
-    if (kept.empty() || !box.intersects(last))
+    const Box2D box = texts[i]->getBoundingBoxScreenSpace(localToScreen);
+    if (i == 0 || !box.intersects(last))
     {
-      kept.push_back(text);
+      kept.set(i);
       last = box;
     }
   }
+  return kept;
 }
 
 } // namespace Detail
@@ -55,17 +58,47 @@ void RenderTaxonLabels::reserve(std::size_t count)
   _texts.reserve(count);
 }
 
-RenderTaxonLabels::Texts& RenderTaxonLabels::getOrCreateTextForLevel(unsigned int level,
-                                                                     const State& state)
+const RenderTaxonLabels::Kept& RenderTaxonLabels::getOrCreateTextForLevel(unsigned int level,
+                                                                          const State& state)
 {
   const auto known = _textForLevel.find(level);
   if (known != _textForLevel.end())
   {
     return known->second;
   }
-  Texts kept;
-  Detail::thin(_texts, state.getLocalToScreenMatrix(), kept);
+  Kept kept = Detail::thin(_texts, state.getLocalToScreenMatrix());
   return _textForLevel.emplace(level, std::move(kept)).first->second;
+}
+
+void RenderTaxonLabels::findTextForLevel(unsigned int level, const State& state, double minimumY,
+                                         double maximumY, std::vector<Text*>& found)
+{
+  Box2D rows;
+  rows.minimum.y = minimumY;
+  rows.maximum.y = maximumY;
+  const Kept& kept = getOrCreateTextForLevel(level, state);
+  const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
+  // No label reaches further from its anchor than the common box; a pixel covers the rounding.
+  const std::size_t end = _firstBelow(minimumY - _boundingBox.maximum.y - 1.0, localToScreen);
+  std::size_t i = _firstBelow(maximumY - _boundingBox.minimum.y + 1.0, localToScreen);
+  i = i == 0 ? kept.find_first() : kept.find_next(i - 1);
+  for (; i < end; i = kept.find_next(i))
+  {
+    if (_texts[i]->getBoundingBoxScreenSpace(localToScreen).overlapsInY(rows))
+    {
+      found.push_back(_texts[i].get());
+    }
+  }
+}
+
+// The first label whose anchor lies below a row of the window.
+std::size_t RenderTaxonLabels::_firstBelow(double screenY,
+                                           const Kelmar::Math::Matrix44d& localToScreen) const
+{
+  const auto isNotBelow = [&](const boost::intrusive_ptr<Text>& text)
+  { return text->anchorScreenSpace(localToScreen)[1] >= screenY; };
+  const auto first = std::partition_point(_texts.begin(), _texts.end(), isNotBelow);
+  return static_cast<std::size_t>(first - _texts.begin());
 }
 
 } // namespace orvex::render::gl

@@ -70,10 +70,14 @@ void Text::_layOut()
   }
 }
 
+Kelmar::Math::Vector3d Text::anchorScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const
+{
+  return localToScreen * Kelmar::Math::Vector3d(_position.x, _position.y, 0.0);
+}
+
 Box2D Text::getBoundingBoxScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const
 {
-  const Kelmar::Math::Vector3d anchor =
-      localToScreen * Kelmar::Math::Vector3d(_position.x, _position.y, 0.0);
+  const Kelmar::Math::Vector3d anchor = anchorScreenSpace(localToScreen);
   Box2D box;
   box.minimum = {anchor[0] + _boundingBox.minimum.x, anchor[1] + _boundingBox.minimum.y};
   box.maximum = {anchor[0] + _boundingBox.maximum.x, anchor[1] + _boundingBox.maximum.y};
@@ -83,8 +87,7 @@ Box2D Text::getBoundingBoxScreenSpace(const Kelmar::Math::Matrix44d& localToScre
 void Text::render(State& state) const
 {
   const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
-  const Kelmar::Math::Vector3d anchor =
-      localToScreen * Kelmar::Math::Vector3d(_position.x, _position.y, 0.0);
+  const Kelmar::Math::Vector3d anchor = anchorScreenSpace(localToScreen);
   const Kelmar::Math::Matrix44d screenToLocal = inverseOrThrow(localToScreen);
   const double centre = (_boundingBox.maximum.y + _boundingBox.minimum.y) * 0.5;
 

@@ -26,6 +26,8 @@ public:
   Text(const Point2D<double>& position, const std::string& text,
        const boost::intrusive_ptr<Font>& font);
 
+  /// The anchor in window pixels.
+  Kelmar::Math::Vector3d anchorScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const;
   /// The label's box in window pixels. Not centred: centring is for drawing only.
   Box2D getBoundingBoxScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const;
 

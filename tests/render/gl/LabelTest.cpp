@@ -108,7 +108,18 @@ TEST(Label, WithoutFontOrCharactersIsEmpty)
   EXPECT_EQ(labels->texts().size(), 1u);
 }
 
-/// Labels in a column; one unit is one pixel, so positions are pixels.
+std::string keptAt(RenderTaxonLabels& labels, unsigned int level, const State& state)
+{
+  const RenderTaxonLabels::Kept& kept = labels.getOrCreateTextForLevel(level, state);
+  std::string names;
+  for (std::size_t i = 0; i < kept.size(); ++i)
+  {
+    names += kept[i] ? labels.texts()[i]->text() : "";
+  }
+  return names;
+}
+
+/// Labels in a column. One unit is one pixel, so positions are pixels.
 std::string keptOf(const std::vector<double>& rows, const std::vector<std::string>& names)
 {
   const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
@@ -118,18 +129,9 @@ std::string keptOf(const std::vector<double>& rows, const std::vector<std::strin
   }
   const boost::intrusive_ptr<State> state(new State);
   state->viewport({0, 0, 2, 2}); // with identity matrices, a scale of one
-  std::string kept;
-  for (const auto& text : labels->getOrCreateTextForLevel(3, *state))
-  {
-    kept += text->text();
-  }
+  const std::string kept = keptAt(*labels, 3, *state);
   state->viewport({0, 0, 2000, 2000});
-  std::string later;
-  for (const auto& text : labels->getOrCreateTextForLevel(3, *state))
-  {
-    later += text->text();
-  }
-  EXPECT_EQ(kept, later) << "a level is decided once";
+  EXPECT_EQ(keptAt(*labels, 3, *state), kept) << "a level is decided once";
   return kept;
 }
 
@@ -142,6 +144,44 @@ TEST(Label, ThinningComparesWithTheLastLabelKept)
   EXPECT_EQ(keptOf({100.0, 99.0, 98.0}, {"A", "", "C"}), "AC")
       << "an empty label is kept and runs into nothing";
   EXPECT_EQ(keptOf({}, {}), "");
+}
+
+// The walk over what is in view against the walk over everything.
+TEST(Label, FindsTheLabelsOfARangeOfRows)
+{
+  const unsigned int seed = 99;
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
+  double row = 3000.0;
+  for (int i = 0; i < 500; ++i)
+  {
+    labels->addText({0.0, row}, i % 7 == 0 ? "" : i % 2 == 0 ? "gjq" : "TEA");
+    row -= 0.01 * double(random() % 1200);
+  }
+  const boost::intrusive_ptr<State> state(new State);
+  state->viewport({0, 0, 2, 2});
+  const auto& kept = labels->getOrCreateTextForLevel(0, *state);
+  const auto matrix = state->getLocalToScreenMatrix();
+  for (int round = 0; round < 300; ++round)
+  {
+    // Ends on the border of a label, or anywhere.
+    const Box2D border = labels->texts()[1 + random() % 499]->getBoundingBoxScreenSpace(matrix);
+    const double low = round % 2 && border.valid() ? border.maximum.y : double(random() % 3000);
+    const double high = low + double(random() % 600);
+    std::vector<Text*> expected;
+    for (std::size_t i = 0; i < kept.size(); ++i)
+    {
+      const Box2D box = labels->texts()[i]->getBoundingBoxScreenSpace(matrix);
+      if (kept[i] && std::min(box.maximum.y, high) >= std::max(box.minimum.y, low))
+      {
+        expected.push_back(labels->texts()[i].get());
+      }
+    }
+    std::vector<Text*> found;
+    labels->findTextForLevel(0, *state, low, high, found);
+    EXPECT_EQ(found, expected) << "rows " << low << " to " << high;
+  }
 }
 
 } // namespace
