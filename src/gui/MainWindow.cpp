@@ -5,6 +5,7 @@
 #include "gui/FileDialog.h"
 #include "gui/Settings.h"
 #include "gui/Strings.h"
+#include "gui/TreeListDialog.h"
 #include "gui/Viewer.h"
 #include "gui/WaitCursor.h"
 #include "render/DisplaySettings.h"
@@ -13,6 +14,8 @@
 #include "shell/NoThrow.h"
 #include "tree/Document.h"
 #include "tree/Tree.h"
+#include "tree/TreeData.h"
+#include "tree/TreeList.h"
 #include "ui_MainWindow.h"
 
 #include <boost/bind/bind.hpp>
@@ -136,6 +139,25 @@ void MainWindow::_documentOpen(const std::string& name)
   }
 }
 
+void MainWindow::_documentOpenFromHalvane()
+{
+  std::vector<boost::shared_ptr<orvex::TreeData>> trees;
+  orvex::downloadTreeList(trees);
+  TreeListDialog dialog(trees, this);
+  if (dialog.exec() == 0)
+  {
+    return;
+  }
+  orvex::TreeData selected;
+  if (!dialog.getSelectedTree(selected))
+  {
+    return;
+  }
+  const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
+  document->loadFromHalvane(selected.id);
+  _createGui(document);
+}
+
 void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)
 {
   _viewer = new Viewer(this);
@@ -206,6 +228,11 @@ void MainWindow::_about()
 void MainWindow::on_actionOpen_triggered()
 {
   _documentOpen();
+}
+
+void MainWindow::on_actionOpen_from_orvex_Halvane_triggered()
+{
+  _documentOpenFromHalvane();
 }
 
 void MainWindow::on_actionExport_Image_triggered()

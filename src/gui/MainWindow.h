@@ -45,6 +45,7 @@ protected:
 
 private slots:
   void on_actionOpen_triggered();
+  void on_actionOpen_from_orvex_Halvane_triggered();
   void on_actionExport_Image_triggered();
   void on_actionInfo_triggered();
   void on_actionAlways_Show_Tree_triggered();
@@ -52,6 +53,10 @@ private slots:
 
 private:
   void _destroy();
+  /// Asks the tree service for its list and shows the tree that the user picks. The shown tree
+  /// stays until the new one is in. Both downloads block the window.
+  /// \throws what the downloads throw
+  void _documentOpenFromHalvane();
   void _documentClose();
   /// Shows a document's tree in a new viewer, which replaces the central widget.
   /// \param document  null leaves the viewer empty

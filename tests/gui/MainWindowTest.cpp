@@ -1,6 +1,7 @@
 #include "gui/MainWindow.h"
 
 #include "DisplayTest.h"
+#include "LoopbackServer.h"
 #include "gui/Viewer.h"
 #include "render/CameraCladogram.h"
 #include "render/DisplaySettings.h"
@@ -15,6 +16,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 namespace
 {
@@ -192,6 +194,56 @@ TEST_F(MainWindow, KeepsOneViewerAtMost)
   EXPECT_EQ(window.centralWidget(), nullptr);
   window._documentOpen(name);
   window._documentOpen(name); // the window goes before the old viewer is deleted
+}
+
+/// Triggers an action from the event loop, as the user does: only there is the net under events.
+void triggerFromLoop(QAction& action)
+{
+  bool triggered = false;
+  QTimer::singleShot(0, &action,
+                     [&]
+                     {
+                       triggered = true;
+                       action.trigger();
+                     });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return triggered; }));
+}
+
+TEST_F(MainWindow, OpensATreeOfTheServiceInPlaceOfTheShownOne)
+{
+  Window window;
+  window.show();
+  window._documentOpen(file("five.nwk", fiveNodes));
+  QAction& action = window.action("actionOpen_from_orvex_Halvane");
+  const auto nodesAfter = [&](int row, bool accept)
+  {
+    const Answer<QDialog> answer(
+        [=](QDialog& dialog)
+        {
+          if (row >= 0)
+          {
+            dialog.findChild<QTreeWidget*>()->topLevelItem(row)->setSelected(true);
+          }
+          dialog.done(accept);
+        });
+    triggerFromLoop(action);
+    return window.viewer()->tree()->getNumberOfNodes();
+  };
+  {
+    LoopbackServer server(14444);
+    server.answer("/trees", R"([{"id":8,"treeName":"bad"},{"id":-7,"treeName":"good"}])");
+    server.answer("/trees/-7", R"({"root":{"name":"r","children":[]}})");
+    server.answer("/trees/8", "{}");
+    EXPECT_EQ(nodesAfter(1, false), 5u) << "cancelled";
+    EXPECT_EQ(nodesAfter(-1, true), 5u) << "no row selected";
+    EXPECT_THAT(boxAfter([&] { nodesAfter(0, true); }), testing::StartsWith("Error detected.|"));
+    EXPECT_EQ(nodesAfter(1, true), 1u);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(window.findChildren<QGLWidget*>().size(), 1);
+  }
+  EXPECT_THAT(boxAfter([&] { triggerFromLoop(action); }),
+              testing::StartsWith("Error detected.|Error 3886626924: "));
+  EXPECT_EQ(window.viewer()->tree()->getNumberOfNodes(), 1u) << "the shown tree stays";
 }
 
 TEST_F(MainWindow, RemembersItsGeometry)
