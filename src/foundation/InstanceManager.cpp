@@ -81,13 +81,14 @@ void InstanceManager::storeType(Kelmar::Base::Ref::Careful& object)
 
 const std::string* InstanceManager::_name(const Kelmar::Base::Ref::Careful& object)
 {
-  const std::type_info& type = typeid(object);
-  if (&type != _lastType)
+  // A class has one name, so its objects need not be asked again and again.
+  const std::type_info* type = &typeid(object);
+  auto known = _typeNames.find(type);
+  if (known == _typeNames.end())
   {
-    _lastName = &*_typeNames.insert(object.typeName()).first;
-    _lastType = &type;
+    known = _typeNames.emplace(type, object.typeName()).first;
   }
-  return _lastName;
+  return &known->second;
 }
 
 std::size_t InstanceManager::numberOfObjects() const

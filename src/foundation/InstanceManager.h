@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <map>
-#include <set>
 #include <string>
 #include <typeinfo>
 
@@ -49,10 +48,7 @@ private:
 
   Kelmar::Base::Ref::Careful* _first = nullptr;
   std::size_t _numberOfObjects = 0;
-  std::set<std::string> _typeNames;
-  // Objects come in long runs of few classes, so the last answers are nearly always the next.
-  const std::type_info* _lastType = nullptr;
-  const std::string* _lastName = nullptr;
+  std::map<const std::type_info*, std::string> _typeNames;
   mutable boost::mutex _mutex;
 };
 

@@ -4,6 +4,7 @@
 #include FT_FREETYPE_H
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvex::render::gl
 {
@@ -35,7 +36,7 @@ void copyBitmap(const FT_Bitmap& bitmap, Glyph& glyph)
 
 } // namespace Detail
 
-Font::Font(FT_Face face) : _face(face)
+Font::Font(FT_Face face) : _face(face), _kernings(256 * 256)
 {
   FT_Set_Char_Size(_face, 0, 1024, 300, 300);
   // This is the size that counts.
@@ -44,16 +45,16 @@ Font::Font(FT_Face face) : _face(face)
 
 Font::~Font() noexcept(false)
 {
-  _glyphs.clear();
+  _glyphs.fill(nullptr);
   FT_Done_Face(_face);
 }
 
 Glyph* Font::getGlyph(char c)
 {
-  const auto known = _glyphs.find(c);
-  if (known != _glyphs.end())
+  boost::intrusive_ptr<Glyph>& known = _glyphs[static_cast<unsigned char>(c)];
+  if (known)
   {
-    return known->second.get();
+    return known.get();
   }
   if (FT_Load_Char(_face, Detail::toCode(c), FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) != 0)
   {
@@ -66,18 +67,29 @@ Glyph* Font::getGlyph(char c)
   glyph->setHorizontalBearing(Detail::toPixels(metrics.horiBearingX),
                               Detail::toPixels(metrics.horiBearingY - metrics.height));
   glyph->horizontalAdvance(Detail::toPixels(metrics.horiAdvance));
-  _glyphs.emplace(c, glyph);
-  return glyph.get();
+  known = glyph;
+  return known.get();
 }
 
 void Font::getKerning(char left, char right, double& x, double& y)
+{
+  Kerning& known = _kernings[std::size_t(static_cast<unsigned char>(left)) << 8 |
+                             static_cast<unsigned char>(right)];
+  if (std::isnan(known.x))
+  {
+    known = _loadKerning(left, right);
+  }
+  x = known.x;
+  y = known.y;
+}
+
+Font::Kerning Font::_loadKerning(char left, char right) const
 {
   const FT_UInt leftIndex = FT_Get_Char_Index(_face, Detail::toCode(left));
   const FT_UInt rightIndex = FT_Get_Char_Index(_face, Detail::toCode(right));
   FT_Vector delta{0, 0};
   FT_Get_Kerning(_face, leftIndex, rightIndex, FT_KERNING_DEFAULT, &delta);
-  x = Detail::toPixels(delta.x);
-  y = Detail::toPixels(delta.y);
+  return {Detail::toPixels(delta.x), Detail::toPixels(delta.y)};
 }
 
 } // namespace orvex::render::gl

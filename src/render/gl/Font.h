@@ -5,7 +5,9 @@
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
-#include <map>
+#include <array>
+#include <limits>
+#include <vector>
 
 using FT_Face = struct FT_FaceRec_*;
 
@@ -30,8 +32,19 @@ protected:
   ~Font() noexcept(false) override;
 
 private:
+  /// In pixels. Not a number until the pair was first asked for.
+  struct Kerning
+  {
+    double x = std::numeric_limits<double>::quiet_NaN();
+    double y = 0.0;
+  };
+
+  Kerning _loadKerning(char left, char right) const;
+
+  // A scene asks for a glyph and a pair for each character of each label: tables, by byte.
   FT_Face _face;
-  std::map<char, boost::intrusive_ptr<Glyph>> _glyphs;
+  std::array<boost::intrusive_ptr<Glyph>, 256> _glyphs;
+  std::vector<Kerning> _kernings;
 };
 
 } // namespace orvex::render::gl

@@ -2,17 +2,30 @@
 
 #include "render/gl/OpenGL.h"
 
-#include <algorithm>
-
 using orvex::render::gl::State;
 using orvex::render::gl::toVertex;
 using orvex::render::gl::Vector2f;
 using orvex::render::gl::Vector4f;
 
+namespace Detail
+{
+
+/// At least \p count times white.
+const Vector4f* white(std::size_t count)
+{
+  static std::vector<Vector4f> colours;
+  if (colours.size() < count)
+  {
+    colours.resize(count, Vector4f(1.0f, 1.0f, 1.0f, 1.0f));
+  }
+  return colours.data();
+}
+
+} // namespace Detail
+
 LineStrip::LineStrip(const std::vector<boost::intrusive_ptr<orvex::render::Edge2D>>& edges)
 {
-  _vertices.reserve(edges.size());
-  _colours.reserve(edges.size());
+  _lengths.reserve(edges.size());
   std::vector<orvex::render::Point2D<double>> points;
   for (const auto& edge : edges)
   {
@@ -21,18 +34,26 @@ LineStrip::LineStrip(const std::vector<boost::intrusive_ptr<orvex::render::Edge2
       continue;
     }
     edge->evaluate(points);
-    std::vector<Vector2f>& line = _vertices.emplace_back(points.size());
-    std::transform(points.begin(), points.end(), line.begin(), toVertex);
-    _colours.emplace_back(points.size(), Vector4f(1.0f, 1.0f, 1.0f, 1.0f));
+    if (_vertices.empty())
+    {
+      _vertices.reserve(edges.size() * points.size());
+    }
+    for (const auto& point : points)
+    {
+      _vertices.push_back(toVertex(point));
+    }
+    _lengths.push_back(static_cast<int>(points.size()));
   }
 }
 
 void LineStrip::render(State&) const
 {
-  for (std::size_t i = 0; i < _vertices.size(); ++i)
+  const Vector2f* line = _vertices.data();
+  for (const int length : _lengths)
   {
-    glVertexPointer(2, GL_FLOAT, 0, _vertices[i].data());
-    glColorPointer(4, GL_FLOAT, 0, _colours[i].data());
-    glDrawArrays(GL_LINE_STRIP, 0, static_cast<GLsizei>(_vertices[i].size()));
+    glVertexPointer(2, GL_FLOAT, 0, line);
+    glColorPointer(4, GL_FLOAT, 0, Detail::white(static_cast<std::size_t>(length)));
+    glDrawArrays(GL_LINE_STRIP, 0, length);
+    line += length;
   }
 }

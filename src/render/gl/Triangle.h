@@ -21,5 +21,4 @@ public:
 
 private:
   std::array<orvex::render::gl::Vector2f, 3> _vertices;
-  std::array<orvex::render::gl::Vector4f, 3> _colours;
 };

@@ -49,12 +49,14 @@ public:
     std::ostringstream what;
     what.precision(4);
     what << "node " << node.nodeId() << " lod " << node.lodFraction();
-    for (const auto& vertices : dynamic_cast<const LineStrip&>(*node.highLod()).vertices())
+    const auto& lines = dynamic_cast<const LineStrip&>(*node.highLod());
+    auto vertex = lines.vertices().begin();
+    for (const int length : lines.lengths())
     {
       what << " | ";
-      for (const Vector2f& v : vertices)
+      for (int i = 0; i < length; ++i)
       {
-        what << point(v) << ", ";
+        what << point(*vertex++) << ", ";
       }
     }
     line(what.str());
