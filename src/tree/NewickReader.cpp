@@ -7,6 +7,7 @@
 #include <boost/lexical_cast.hpp>
 #include <boost/make_shared.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <fstream>
 #include <stdexcept>
@@ -31,6 +32,14 @@ double toDistance(const std::string& text)
     }
   }
   return boost::lexical_cast<double>(text);
+}
+
+// Every "(" makes a node, and a group has one item more than it has commas. That is exact for one
+// tree; for several it is a little less.
+std::size_t expectedNodes(const std::string& contents)
+{
+  const auto number = [&](char c) { return std::count(contents.begin(), contents.end(), c); };
+  return static_cast<std::size_t>(number(',') + number('(') + 1);
 }
 
 } // namespace Detail
@@ -62,6 +71,7 @@ boost::shared_ptr<Tree> NewickReader::operator()(const std::string& filename)
 boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
 {
   _tree.reset();
+  _expectedNodes = Detail::expectedNodes(contents);
   for (const char c : contents)
   {
     switch (c)
@@ -92,6 +102,7 @@ void NewickReader::_onOpenParentheses()
   if (!_tree)
   {
     _tree = boost::make_shared<Tree>();
+    _tree->reserve(_expectedNodes);
   }
   const int id = _tree->createNode();
   if (_depth == 0)

@@ -2,6 +2,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <stack>
 #include <string>
 #include <vector>
@@ -44,6 +45,7 @@ private:
   boost::shared_ptr<Tree> _tree;
   std::stack<int> _nodeStack;
   std::vector<char> _token;
+  std::size_t _expectedNodes = 0;
   int _depth = 0;
   // The last structural character was a ")": the token in hand labels the node just closed.
   bool _childClosed = false;

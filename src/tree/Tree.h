@@ -3,6 +3,7 @@
 #include <boost/core/noncopyable.hpp>
 #include <boost/graph/adjacency_list.hpp>
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,6 +38,8 @@ public:
   Tree() = default;
   virtual ~Tree() = default;
 
+  /// Makes room, so that so many nodes are created without moving those that are there.
+  void reserve(std::size_t numberOfNodes) { _graph.m_vertices.reserve(numberOfNodes); }
   /// \return the id of a new node without name, distance and children
   int createNode();
   /// Makes \p child the last child of \p parent. That it has no other parent is the caller's
