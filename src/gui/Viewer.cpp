@@ -9,6 +9,7 @@
 #include <QGLFormat>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QOpenGLFramebufferObject>
 #include <QWheelEvent>
 
 namespace Lumbra
@@ -120,7 +121,18 @@ QImage Viewer::picture()
   // After a frame was shown the buffer's content is undefined, so the frame is drawn once more.
   makeCurrent();
   paintGL();
-  return grabFrameBuffer(false);
+  // Some drivers read one sample of each pixel where the screen shows their mean. A copy into a
+  // buffer without samples forms the mean.
+  if (!format().sampleBuffers() || !QOpenGLFramebufferObject::hasOpenGLFramebufferBlit())
+  {
+    return grabFrameBuffer(false);
+  }
+  QOpenGLFramebufferObject resolved(size() * devicePixelRatioF());
+  QOpenGLFramebufferObject::blitFramebuffer(&resolved, nullptr);
+  resolved.bind();
+  QImage picture = grabFrameBuffer(false);
+  resolved.release();
+  return picture;
 }
 
 void Viewer::mousePressEvent(QMouseEvent* event)

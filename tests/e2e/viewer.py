@@ -106,17 +106,15 @@ def export(main, folder):
     xdotool("key", "Return")
     gone("Export Image")
     wait_for("the picture", name.exists)
-    width, height, _ = pixels(name)
-    # The screen shows the mean of a pixel's samples, a file may hold one of them: compare areas.
-    exported = pixels(name, "-scale", "10%")[2]
+    width, height, exported = pixels(name)
 
     def is_shown():
         shown = screenshot(main, folder)
         assert shown[0] == width and 0 < shown[1] - height < 60, (shown[:2], width, height)
         view = pixels(folder / "shot.png", "-gravity", "south", "-crop", f"{width}x{height}+0+0",
-                      "+repage", "-scale", "10%")[2]
-        alike = sum(abs(a - b) < 32 for a, b in zip(view, exported))
-        return len(view) == len(exported) and alike > 0.98 * len(view)
+                      "+repage")[2]
+        alike = sum(abs(a - b) < 8 for a, b in zip(view, exported))
+        return len(view) == len(exported) and alike > 0.999 * len(view)
 
     wait_for("the window to look like the exported picture", is_shown)
 
