@@ -1,0 +1,117 @@
+// Whole frames in a window. The column CPU is the time of our own thread; a software renderer fills
+// the pixels in threads of its own, for which the column Time waits.
+
+#include "render/gl/OpenGL.h"
+
+#include "BenchTrees.h"
+#include "render/gl/ViewCladogram.h"
+#include "tree/Tree.h"
+
+#include <QApplication>
+#include <QGLWidget>
+
+#include <memory>
+
+namespace
+{
+
+using orvex::bench::leavesOf;
+using orvex::bench::TreeShape;
+using View = orvex::render::gl::ViewCladogram;
+
+constexpr int width = 1200;
+constexpr int height = 800;
+
+/// A window with a current context, and the view of the latest tree. They go in the order view,
+/// window, application, for each needs those after it.
+class Stage
+{
+public:
+  Stage()
+  {
+    QGLFormat format;
+    format.setSampleBuffers(true); // as the viewer asks
+    _window = std::make_unique<QGLWidget>(format);
+    _window->resize(width, height);
+    _window->show();
+    QApplication::processEvents();
+    _window->makeCurrent();
+  }
+
+  /// \param percent  how far zoomed in, as a share of what is possible
+  View& view(unsigned int leaves, double percent)
+  {
+    if (_leaves != leaves)
+    {
+      _view = nullptr;
+      _view = new View;
+      _view->tree(orvex::bench::tree(TreeShape::Random, leaves));
+      _view->update();
+      _view->resize(width, height);
+      _leaves = leaves;
+    }
+    _view->camera()->reset();
+    _view->camera()->zoomByAmount((_view->camera()->maximumZoom() - 1.0) * percent / 100.0);
+    return *_view;
+  }
+
+private:
+  int _argc = 1;
+  char _name[12] = "bench-frame";
+  char* _argv[2] = {_name, nullptr};
+  QApplication _application{_argc, _argv};
+  std::unique_ptr<QGLWidget> _window;
+  boost::intrusive_ptr<View> _view;
+  unsigned int _leaves = 0;
+};
+
+View& viewOf(unsigned int leaves, double percent)
+{
+  static Stage stage;
+  return stage.view(leaves, percent);
+}
+
+void draw(View& view)
+{
+  view.render();
+  glFinish();
+}
+
+/// Frames that change nothing: the labels of the level and the thumbnail are there already.
+void frame(benchmark::State& state)
+{
+  View& view = viewOf(leavesOf(state), double(state.range(1)));
+  view.settings()->alwaysUseHighLod(state.range(2) != 0);
+  draw(view);
+  for (auto _ : state)
+  {
+    draw(view);
+  }
+}
+BENCHMARK(frame)
+    ->ArgNames({"leaves", "zoom%", "all"})
+    ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {0, 5, 100}, {0}})
+    ->ArgsProduct({{10'000, 100'000}, {0}, {1}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+/// The first frame after a resize makes the thumbnail's picture, of every line of the tree.
+void frameAfterResize(benchmark::State& state)
+{
+  View& view = viewOf(leavesOf(state), 0.0);
+  view.settings()->alwaysUseHighLod(false);
+  draw(view);
+  for (auto _ : state)
+  {
+    view.resize(width, height);
+    draw(view);
+  }
+}
+BENCHMARK(frameAfterResize)
+    ->ArgName("leaves")
+    ->RangeMultiplier(10)
+    ->Range(1'000, 1'000'000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+} // namespace

@@ -1,0 +1,133 @@
+// What is done once for each tree, once for each zoom level, and in each frame, without drawing.
+
+#include "BenchTrees.h"
+#include "MemoryMeter.h"
+#include "render/CameraCladogram.h"
+#include "render/LayoutCladogram.h"
+#include "render/gl/CullVisitor.h"
+#include "render/gl/RenderGraph.h"
+#include "render/gl/RenderTaxonLabels.h"
+#include "render/gl/SceneBuilder.h"
+#include "tree/Tree.h"
+
+namespace
+{
+
+using namespace orvex::render;
+using orvex::bench::leavesOf;
+using orvex::bench::TreeShape;
+
+boost::intrusive_ptr<gl::Group> build(TreeShape shape, unsigned int leaves)
+{
+  const auto tree = orvex::bench::tree(shape, leaves);
+  const boost::intrusive_ptr<LayoutCladogram> layout(new LayoutCladogram);
+  gl::SceneBuilder builder(tree);
+  builder.buildScene(layout->layout(tree));
+  return builder.root();
+}
+
+/// Only the latest is kept.
+boost::intrusive_ptr<gl::Group> randomScene(unsigned int leaves)
+{
+  static boost::intrusive_ptr<gl::Group> scene;
+  static unsigned int leavesOfScene = 0;
+  if (leavesOfScene != leaves)
+  {
+    scene = nullptr;
+    scene = build(TreeShape::Random, leaves);
+    leavesOfScene = leaves;
+  }
+  return scene;
+}
+
+/// A window of 1200 x 800 pixels, zoomed in by a share of what is possible, in percent.
+struct Look
+{
+  Look(unsigned int leaves, double percent) : camera(new CameraCladogram), state(new gl::State)
+  {
+    const Viewport viewport{120, 0, 1080, 800};
+    camera->horizontalPixelsForText(150);
+    camera->updateZoomInformation(leaves, 18, viewport);
+    camera->zoomByAmount((camera->maximumZoom() - 1.0) * percent / 100.0);
+    state->viewport(viewport);
+    state->modelViewMatrix(camera->viewMatrix(viewport));
+    state->projectionMatrix(
+        Kelmar::Math::Matrix44d::orthographic(0.0, 1080.0, 0.0, 800.0, -10.0, 10.0));
+  }
+
+  boost::intrusive_ptr<CameraCladogram> camera;
+  boost::intrusive_ptr<gl::State> state;
+};
+
+/// Layout, scene and labels of a new tree, and letting all of them go.
+void buildScene(benchmark::State& state, TreeShape shape)
+{
+  {
+    const orvex::bench::MemoryMeter memory;
+    const auto scene = build(shape, leavesOf(state));
+    memory.report(state, leavesOf(state));
+  }
+  for (auto _ : state)
+  {
+    benchmark::DoNotOptimize(build(shape, leavesOf(state)));
+  }
+  state.SetComplexityN(state.range(0));
+}
+ORVEX_BENCHMARK_SHAPES(buildScene);
+
+/// A level that was not met before.
+void thinLabels(benchmark::State& state)
+{
+  const auto scene = randomScene(leavesOf(state));
+  auto& labels = dynamic_cast<gl::RenderTaxonLabels&>(*scene->children().at(0));
+  const Look look(leavesOf(state), double(state.range(1)));
+  static unsigned int level = 1'000'000; // beyond those of any camera here
+  for (auto _ : state)
+  {
+    benchmark::DoNotOptimize(labels.getOrCreateTextForLevel(++level, *look.state));
+  }
+  const std::size_t kept = labels.getOrCreateTextForLevel(level, *look.state).count();
+  state.counters["kept"] = double(kept);
+}
+BENCHMARK(thinLabels)
+    ->ArgNames({"leaves", "zoom%"})
+    ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {0, 5, 100}})
+    ->Unit(benchmark::kMillisecond);
+
+/// The choice of one frame, at a level whose labels are thinned already.
+void cull(benchmark::State& state)
+{
+  const auto scene = randomScene(leavesOf(state));
+  const Look look(leavesOf(state), double(state.range(1)));
+  const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
+  settings->alwaysUseHighLod(state.range(2) != 0);
+  std::size_t proxies = 0;
+  std::size_t lines = 0;
+  std::size_t labels = 0;
+  const auto frame = [&]
+  {
+    gl::RenderGraph graph;
+    const boost::intrusive_ptr<gl::CullVisitor> visitor(
+        new gl::CullVisitor(look.state.get(), look.camera->zoomLevel(),
+                            look.camera->numberOfZoomLevels(), &graph, settings));
+    scene->accept(*visitor);
+    proxies = graph.lowLod().size();
+    lines = graph.highLod().size();
+    labels = graph.text().size();
+  };
+  frame(); // thins the labels
+  for (auto _ : state)
+  {
+    frame();
+  }
+  state.counters["proxies"] = double(proxies);
+  state.counters["lines"] = double(lines);
+  state.counters["labels"] = double(labels);
+}
+BENCHMARK(cull)
+    ->ArgNames({"leaves", "zoom%", "all"})
+    ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {0, 1, 5, 25, 100}, {0}})
+    ->ArgsProduct({{100'000, 1'000'000}, {0}, {1}})
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace
