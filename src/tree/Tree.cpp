@@ -1,32 +1,11 @@
 #include "tree/Tree.h"
 
-#include <boost/graph/depth_first_search.hpp>
-
 #include <algorithm>
 
 namespace orvex
 {
 namespace Detail
 {
-
-/// Counts the nodes without out-edges that a search discovers.
-class CountLeafNodes : public boost::default_dfs_visitor
-{
-public:
-  explicit CountLeafNodes(unsigned int& count) : _count(count) {}
-
-  template <class Vertex, class Graph>
-  void discover_vertex(Vertex vertex, const Graph& graph)
-  {
-    if (boost::out_degree(vertex, graph) == 0)
-    {
-      ++_count;
-    }
-  }
-
-private:
-  unsigned int& _count;
-};
 
 void findLeafNodes(const Tree& tree, int id, std::vector<int>& leaves)
 {
@@ -92,9 +71,9 @@ unsigned int Tree::getNumberOfNodes() const
 
 unsigned int Tree::getNumberOfLeafNodes() const
 {
-  unsigned int count = 0;
-  boost::depth_first_search(_graph, boost::visitor(Detail::CountLeafNodes(count)));
-  return count;
+  const auto [first, last] = boost::vertices(_graph);
+  return static_cast<unsigned int>(std::count_if(
+      first, last, [this](Vertex vertex) { return boost::out_degree(vertex, _graph) == 0; }));
 }
 
 int Tree::getChild(int id, unsigned int index)

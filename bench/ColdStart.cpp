@@ -1,0 +1,247 @@
+// One road of a file to the screen, in a process of its own, so that no page and no cache is warm:
+// cold-start.py runs it again and again. Prints one JSON object. Times are CPU milliseconds of our
+// own thread; the pixels of the sweep's frames are discarded before a software renderer fills them.
+//
+//   cold-start stages FILE   each step by itself, then a sweep over all zoom levels, then closing
+//   cold-start whole FILE    file to first frame as the viewer does it, thumbnail included
+//   cold-start floor FILE MIB   read the file, count its structural characters, touch that memory
+
+#include "render/gl/OpenGL.h"
+
+#include "render/CameraCladogram.h"
+#include "render/LayoutCladogram.h"
+#include "render/gl/CullVisitor.h"
+#include "render/gl/Passes.h"
+#include "render/gl/RenderGraph.h"
+#include "render/gl/RenderTaxonLabels.h"
+#include "render/gl/SceneBuilder.h"
+#include "render/gl/ViewCladogram.h"
+#include "tree/NewickReader.h"
+#include "tree/Tree.h"
+
+#include <benchmark/benchmark.h>
+#include <nlohmann/json.hpp>
+
+#include <QApplication>
+#include <QGLWidget>
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <ctime>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <vector>
+
+namespace
+{
+
+using namespace orvex::render;
+using namespace orvex::render::gl;
+using Kelmar::Math::Matrix44d;
+
+constexpr unsigned int width = 800; // the size of a first start
+constexpr unsigned int height = 600;
+
+double cpuMilliseconds()
+{
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
+}
+
+double peakMebibytes()
+{
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return double(usage.ru_maxrss) / 1024.0;
+}
+
+/// Names the time since the last lap.
+class Laps
+{
+public:
+  void lap(const char* name)
+  {
+    const double now = cpuMilliseconds();
+    result[name] = now - _last;
+    _last = cpuMilliseconds();
+  }
+
+  nlohmann::json result;
+
+private:
+  double _last = cpuMilliseconds();
+};
+
+std::unique_ptr<QGLWidget> makeWindow()
+{
+  QGLFormat format;
+  format.setSampleBuffers(true);
+  auto window = std::make_unique<QGLWidget>(format);
+  window->resize(width, height);
+  window->show();
+  QApplication::processEvents();
+  window->makeCurrent();
+  glewInit();
+  return window;
+}
+
+/// Culls and submits one frame of the main area, and returns its time.
+double frame(Group& root, CameraCladogram& camera,
+             const boost::intrusive_ptr<DisplaySettings>& settings)
+{
+  const double start = cpuMilliseconds();
+  const Viewport area{width / 10, 0, width - width / 10, height};
+  const Matrix44d matrix = camera.viewMatrix(area);
+  const Matrix44d projection =
+      Matrix44d::orthographic(0.0, area.width, 0.0, area.height, -10.0, 10.0);
+  applyViewport(area);
+  applyMatrices(projection, matrix);
+  const boost::intrusive_ptr<State> state = makePassState(area, projection, matrix);
+  RenderGraph graph;
+  const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
+      state.get(), camera.zoomLevel(), camera.numberOfZoomLevels(), &graph, settings));
+  root.accept(*visitor);
+  graph.render(*state);
+  return cpuMilliseconds() - start;
+}
+
+void zoomTo(CameraCladogram& camera, unsigned int level)
+{
+  camera.reset();
+  camera.zoomByAmount(camera.maximumZoom() * (level + 0.5) / camera.numberOfZoomLevels() - 1.0);
+}
+
+/// The worst frame over all levels, at four places of the tree, and what a frame takes that meets
+/// its level first: half of them, and at worst.
+void sweep(Group& root, CameraCladogram& camera, nlohmann::json& result)
+{
+  const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
+  const unsigned int levels = camera.numberOfZoomLevels();
+  const auto places = {0.0, 0.45, -0.2, -0.65};
+  glEnable(GL_RASTERIZER_DISCARD);
+  // The driver compiles its shaders, and takes the glyphs' textures, with the first frames.
+  for (unsigned int i = 0; i <= 20; ++i)
+  {
+    zoomTo(camera, levels * i / 20);
+    for (const double pan : places)
+    {
+      camera.pan(0.0, pan);
+      frame(root, camera, settings);
+    }
+  }
+  double worst = 0.0;
+  std::vector<double> first;
+  for (unsigned int level = 0; level <= levels; ++level)
+  {
+    zoomTo(camera, level);
+    first.push_back(frame(root, camera, settings));
+    for (const double pan : places)
+    {
+      camera.pan(0.0, pan);
+      worst = std::max(worst, frame(root, camera, settings));
+    }
+  }
+  glDisable(GL_RASTERIZER_DISCARD);
+  std::sort(first.begin(), first.end());
+  result["worst frame of a sweep"] = worst;
+  result["first frame of a level"] = first[first.size() / 2];
+  result["first frame of a level, at worst"] = first.back();
+  result["zoom levels"] = levels;
+}
+
+nlohmann::json stages(const std::string& file)
+{
+  const auto window = makeWindow();
+  Laps laps;
+  boost::shared_ptr<orvex::Tree> tree = orvex::NewickReader()(file);
+  laps.lap("read");
+  const boost::intrusive_ptr<LayoutCladogram> layout(new LayoutCladogram);
+  boost::intrusive_ptr<LayoutInfo2D> info = layout->layout(tree);
+  laps.lap("layout");
+  const double before = peakMebibytes();
+  auto builder = std::make_unique<SceneBuilder>(tree);
+  builder->buildScene(info);
+  laps.lap("scene");
+  laps.result["scene MiB"] = peakMebibytes() - before;
+  info = nullptr;
+  laps.lap("let the layout go");
+  const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+  camera->horizontalPixelsForText(builder->maximumTextLength() + 5);
+  camera->updateZoomInformation(tree->getNumberOfLeafNodes(), 18,
+                                {width / 10, 0, width - width / 10, height});
+  boost::intrusive_ptr<Group> root = builder->root();
+  builder = nullptr;
+  laps.result["peak MiB before the sweep"] = peakMebibytes();
+  sweep(*root, *camera, laps.result);
+  laps.lap("sweep");
+  root = nullptr;
+  tree = nullptr;
+  laps.lap("close");
+  return laps.result;
+}
+
+nlohmann::json whole(const std::string& file)
+{
+  const auto window = makeWindow();
+  Laps laps;
+  const boost::intrusive_ptr<ViewCladogram> view(new ViewCladogram);
+  view->tree(orvex::NewickReader()(file));
+  view->update();
+  view->resize(width, height);
+  laps.lap("file to scene");
+  view->render();
+  glFinish();
+  laps.lap("first frame");
+  laps.result["file to first frame"] =
+      laps.result["file to scene"].get<double>() + laps.result["first frame"].get<double>();
+  laps.result["peak MiB"] = peakMebibytes();
+  return laps.result;
+}
+
+nlohmann::json floor(const std::string& file, std::size_t mebibytes)
+{
+  Laps laps;
+  std::ifstream in(file, std::ios::binary);
+  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const auto structural = std::count_if(text.begin(), text.end(),
+                                        [](char c) { return c == '(' || c == ')' || c == ','; });
+  const std::size_t size = mebibytes << 20;
+  const std::unique_ptr<char[]> memory(new char[size]);
+  for (std::size_t i = 0; i < size; i += 64)
+  {
+    memory[i] = static_cast<char>(structural);
+  }
+  benchmark::DoNotOptimize(memory.get());
+  laps.lap("floor");
+  return laps.result;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+  const QApplication application(argc, argv);
+  const std::string mode = argc > 2 ? argv[1] : "";
+  if (mode == "stages")
+  {
+    std::cout << stages(argv[2]) << "\n";
+  }
+  else if (mode == "whole")
+  {
+    std::cout << whole(argv[2]) << "\n";
+  }
+  else if (mode == "floor" && argc > 3)
+  {
+    std::cout << floor(argv[2], std::stoul(argv[3])) << "\n";
+  }
+  else
+  {
+    std::cerr << "usage: cold-start stages|whole|floor FILE [MIB]\n";
+    return 1;
+  }
+  return 0;
+}
