@@ -4,6 +4,8 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 namespace
 {
 
@@ -11,8 +13,6 @@ using Kelmar::Math::Matrix44d;
 using orvex::render::Box2D;
 using orvex::render::Culler2D;
 using Point = orvex::render::Point2D<double>;
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 Box2D box(double x0, double y0, double x1, double y1)
 {
@@ -38,13 +38,11 @@ TEST(Box, GrowsWithWhatIsAdded)
 
   grown.add(Point{2.0, -3.0});
   EXPECT_TRUE(grown.valid());
-  expectBox(grown, box(2.0, -3.0, 2.0, -3.0));
   grown.add(Point{1.0, 4.0});
   expectBox(grown, box(1.0, -3.0, 2.0, 4.0));
-  grown.add(Point{notANumber, 5.0});
-  expectBox(grown, box(1.0, -3.0, 2.0, 5.0));
+  grown.add(Point{std::nan(""), 5.0});
   grown.add(Box2D());
-  grown.add(box(9.0, 0.0, 8.0, 0.0));
+  grown.add(box(9.0, 0.0, 8.0, 0.0)); // not valid
   expectBox(grown, box(1.0, -3.0, 2.0, 5.0));
   grown.add(box(0.0, 0.0, 1.5, 6.0));
   expectBox(grown, box(0.0, -3.0, 2.0, 6.0));
@@ -73,16 +71,6 @@ const BoxCase boxCases[] = {
     {"turned around", box(0.8, 0.0, 0.2, 1.0), false},
 };
 
-TEST(Box, IntersectsWhatItTouches)
-{
-  for (const BoxCase& c : boxCases)
-  {
-    SCOPED_TRACE(c.what);
-    EXPECT_EQ(c.other.intersects(box(0.0, 0.0, 1.0, 1.0)), c.meets);
-    EXPECT_EQ(box(0.0, 0.0, 1.0, 1.0).intersects(c.other), c.meets);
-  }
-}
-
 TEST(Culler, CullsWhatTheViewDoesNotShow)
 {
   // A view of exactly the unit square: powers of two keep its edges exact.
@@ -93,6 +81,7 @@ TEST(Culler, CullsWhatTheViewDoesNotShow)
   for (const BoxCase& c : boxCases)
   {
     SCOPED_TRACE(c.what);
+    EXPECT_EQ(c.other.intersects(culler->box()), c.meets);
     EXPECT_EQ(culler->isCulled(c.other), !c.meets);
   }
 }

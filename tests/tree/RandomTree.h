@@ -4,10 +4,11 @@
 
 #include <boost/make_shared.hpp>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
-namespace orvex::tests
+namespace orvex::test
 {
 
 /// A tree grown from a seed, together with the parents that the tree itself does not know.
@@ -45,15 +46,6 @@ struct RandomTree
     }
     return way;
   }
-
-  bool isBelow(int node, int ancestor) const
-  {
-    while (node > ancestor)
-    {
-      node = parents[static_cast<std::size_t>(node)];
-    }
-    return node == ancestor;
-  }
 };
 
-} // namespace orvex::tests
+} // namespace orvex::test

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <string>
 
-namespace orvex::tests
+namespace orvex::test
 {
 
 /// A new folder, removed with all that is in it at the end of the scope.
@@ -40,4 +40,4 @@ private:
   boost::filesystem::path _path;
 };
 
-} // namespace orvex::tests
+} // namespace orvex::test

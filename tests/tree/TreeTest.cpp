@@ -74,7 +74,7 @@ TEST(Tree, AgreesWithWhatItsParentsTell)
   {
     SCOPED_TRACE(seed);
     const int size = static_cast<int>(2 + seed * 5);
-    const orvex::tests::RandomTree random(seed, size);
+    const orvex::test::RandomTree random(seed, size);
     Tree& tree = *random.tree;
 
     std::vector<std::vector<int>> leafPaths;
@@ -84,20 +84,20 @@ TEST(Tree, AgreesWithWhatItsParentsTell)
       std::size_t longest = 0;
       for (int node = 0; node < size; ++node)
       {
-        if (random.isBelow(node, id))
-        {
-          ++below;
-          longest = std::max(longest, random.path(node).size() - random.path(id).size());
-        }
+        const std::vector<int> path = random.path(node);
+        const auto found = std::find(path.begin(), path.end(), id);
+        below += found != path.end() ? 1 : 0;
+        longest = std::max(longest, std::size_t(path.end() - found));
       }
       EXPECT_EQ(tree.getNumAllChildren(id), below) << "node " << id;
-      EXPECT_EQ(tree.findMaximumDepthToLeaf(id), longest) << "node " << id;
+      EXPECT_EQ(tree.findMaximumDepthToLeaf(id), longest - 1) << "node " << id;
       if (below == 1)
       {
         leafPaths.push_back(random.path(id));
       }
     }
-    // Later children have greater ids, so paths in order of ids are leaves from left to right.
+    // Later children have greater ids, so the leaves from left to right are in order of their
+    // paths.
     std::sort(leafPaths.begin(), leafPaths.end());
     std::vector<int> leaves;
     for (const std::vector<int>& path : leafPaths)
