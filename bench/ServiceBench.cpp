@@ -1,0 +1,61 @@
+// A tree of the tree service, beside the same tree as a Newick file: downloaded, parsed and built.
+// The server runs in this process; the column CPU is the time of our own thread, the viewer's.
+
+#include "BenchTrees.h"
+#include "LoopbackServer.h"
+#include "MemoryMeter.h"
+#include "service/TreeJson.h"
+#include "tree/NewickReader.h"
+#include "tree/Tree.h"
+#include "tree/TreeService.h"
+
+namespace
+{
+
+using orvex::bench::leavesOf;
+using orvex::bench::TreeShape;
+
+std::string body(unsigned int leaves)
+{
+  return orvex::service::toJson(*orvex::bench::tree(TreeShape::Random, leaves));
+}
+
+template <class Read>
+void measure(benchmark::State& state, const Read& read)
+{
+  {
+    const orvex::bench::MemoryMeter memory;
+    const boost::shared_ptr<orvex::Tree> tree = read();
+    memory.report(state, leavesOf(state));
+  }
+  for (auto _ : state)
+  {
+    benchmark::DoNotOptimize(read());
+  }
+  state.SetComplexityN(state.range(0));
+}
+
+void newick(benchmark::State& state)
+{
+  const std::string& text = orvex::bench::newick(TreeShape::Random, leavesOf(state));
+  measure(state, [&] { return orvex::NewickReader().parseContents(text); });
+}
+BENCHMARK(newick)->Apply(orvex::bench::everySize);
+
+void serviceParse(benchmark::State& state)
+{
+  const std::string text = body(leavesOf(state));
+  measure(state, [&] { return orvex::parseTree(text, ""); });
+}
+BENCHMARK(serviceParse)->Apply(orvex::bench::everySize);
+
+void serviceDownload(benchmark::State& state)
+{
+  LoopbackServer server;
+  server.answer("/trees/1", body(leavesOf(state)));
+  const std::string url = server.url();
+  measure(state, [&] { return orvex::downloadTreeFrom(url, 1); });
+}
+BENCHMARK(serviceDownload)->Apply(orvex::bench::everySize);
+
+} // namespace
