@@ -12,7 +12,7 @@ matplotlib.use("Agg")
 import matplotlib.pyplot as plt
 
 WORK = {"parseText": ("bench-tree", "reading"), "layout": ("bench-layout", "layout"),
-        "sceneBuild": ("bench-scene", "scene"), "labelThinning": ("bench-scene", "thinning")}
+        "buildScene": ("bench-scene", "scene"), "thinLabels": ("bench-scene", "thinning")}
 UNIT = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}
 
 
