@@ -1,6 +1,7 @@
 # The one place for the flags of our own targets, and the functions that make those targets.
 
 option(ORVEX_SANITIZE "Build with the address, leak and undefined behaviour sanitizers" OFF)
+option(ORVEX_FUZZ "Build for the fuzzers of fuzz/, with clang and its sanitizers" OFF)
 
 add_library(orvex_flags INTERFACE)
 target_compile_options(orvex_flags INTERFACE
@@ -8,7 +9,12 @@ target_compile_options(orvex_flags INTERFACE
 # libstdc++ and Boost allocate in inline functions that the compiler sees through too well.
 target_compile_options(orvex_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
-if(ORVEX_SANITIZE)
+if(ORVEX_FUZZ)
+  target_compile_options(orvex_flags INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+    -fno-omit-frame-pointer)
+  target_link_options(orvex_flags INTERFACE -fsanitize=address,undefined)
+elseif(ORVEX_SANITIZE)
   target_compile_options(orvex_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(orvex_flags INTERFACE -fsanitize=address,undefined)
@@ -22,7 +28,7 @@ endif()
 # A large tree is some forty million allocations. mimalloc makes them in three quarters of the time
 # and nine tenths of the memory that libc takes; the sanitizers bring an allocator of their own.
 add_library(orvex_allocator INTERFACE)
-if(NOT ORVEX_SANITIZE)
+if(NOT ORVEX_SANITIZE AND NOT ORVEX_FUZZ)
   find_package(mimalloc 2.0 REQUIRED)
   target_link_libraries(orvex_allocator INTERFACE mimalloc)
 endif()

@@ -98,18 +98,23 @@ namespace orvex
 
 boost::shared_ptr<Tree> downloadTreeFrom(const std::string& service, int id)
 {
-  boost::shared_ptr<Tree> tree(new Tree);
   std::ostringstream url;
   url << service << "/trees/" << id;
+  return readTree(downloadText(url.str()), url.str());
+}
+
+boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url)
+{
+  boost::shared_ptr<Tree> tree(new Tree);
   Detail::Value document;
-  if (!json_spirit::read(downloadText(url.str()), document))
+  if (!json_spirit::read(body, document))
   {
-    throw std::runtime_error("The tree service did not answer with JSON, URL = " + url.str());
+    throw std::runtime_error("The tree service did not answer with JSON, URL = " + url);
   }
   const Detail::Value* root = Detail::find(document, "root");
   if (!root)
   {
-    throw std::runtime_error("The tree service did not answer with a tree, URL = " + url.str());
+    throw std::runtime_error("The tree service did not answer with a tree, URL = " + url);
   }
   requireShallow(Detail::depthBelow(*root));
   const int rootId = createNode(*root, tree);

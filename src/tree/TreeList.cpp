@@ -37,9 +37,14 @@ void downloadTreeListFrom(const std::string& service,
                           std::vector<boost::shared_ptr<TreeData>>& trees)
 {
   const std::string url = service + "/trees";
-  const std::string text = downloadText(url);
+  readTreeList(downloadText(url), url, trees);
+}
+
+void readTreeList(const std::string& body, const std::string& url,
+                  std::vector<boost::shared_ptr<TreeData>>& trees)
+{
   Detail::Value value;
-  if (!json_spirit::read(text, value))
+  if (!json_spirit::read(body, value))
   {
     throw std::runtime_error("The tree service did not answer with JSON, URL = " + url);
   }

@@ -24,4 +24,9 @@ void downloadTreeListFrom(const std::string& service,
                           std::vector<boost::shared_ptr<TreeData>>& trees);
 boost::shared_ptr<Tree> downloadTreeFrom(const std::string& service, int id);
 
+/// What the two do with the body that came from \p url.
+void readTreeList(const std::string& body, const std::string& url,
+                  std::vector<boost::shared_ptr<TreeData>>& trees);
+boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url);
+
 } // namespace orvex

@@ -1,0 +1,84 @@
+// Whatever tree the reader makes of any bytes: it can be laid out, built, and culled in any view,
+// and nothing counted stays behind.
+#include "Require.h"
+#include "foundation/InstanceManager.h"
+#include "render/CameraCladogram.h"
+#include "render/DisplaySettings.h"
+#include "render/LayoutCladogram.h"
+#include "render/gl/CullVisitor.h"
+#include "render/gl/Passes.h"
+#include "render/gl/RenderGraph.h"
+#include "render/gl/SceneBuilder.h"
+#include "tree/NewickReader.h"
+#include "tree/Tree.h"
+#include "tree/TreeDepth.h"
+
+#include <boost/lexical_cast/bad_lexical_cast.hpp>
+
+#include <stdexcept>
+
+namespace
+{
+
+using namespace orvex::render;
+using namespace orvex::render::gl;
+
+void cull(Group& scene, const CameraCladogram& camera, const Viewport& area)
+{
+  using Kelmar::Math::Matrix44d;
+  const auto state =
+      makePassState(area, Matrix44d::orthographic(0, area.width, 0, area.height, -10, 10),
+                    camera.viewMatrix(area));
+  RenderGraph graph;
+  const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
+      state.get(), camera.zoomLevel(), camera.numberOfZoomLevels(), &graph, new DisplaySettings));
+  scene.accept(*visitor);
+}
+
+void cullEverywhere(Group& scene, unsigned int leaves, unsigned int textLength)
+{
+  for (const Viewport& area : {Viewport{80, 0, 720, 600}, Viewport{0, 0, 1, 1}})
+  {
+    const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+    camera->horizontalPixelsForText(textLength);
+    camera->updateZoomInformation(leaves, 18, area);
+    for (const double zoom : {0.0, 1.5, 1e9})
+    {
+      camera->zoomByAmount(zoom);
+      camera->pan(0.0, 0.1);
+      cull(scene, *camera, area);
+    }
+  }
+}
+
+void show(const std::string& text)
+{
+  const boost::shared_ptr<orvex::Tree> tree = orvex::NewickReader().parseContents(text);
+  if (!tree)
+  {
+    return;
+  }
+  orvex::requireShallow(*tree);
+  const boost::intrusive_ptr<LayoutCladogram> layout(new LayoutCladogram);
+  SceneBuilder builder(tree);
+  builder.buildScene(layout->layout(tree));
+  cullEverywhere(*builder.root(), tree->getNumberOfLeafNodes(), builder.maximumTextLength());
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+  try
+  {
+    show(std::string(reinterpret_cast<const char*>(data), size));
+  }
+  catch (const std::runtime_error&)
+  {
+  }
+  catch (const boost::bad_lexical_cast&)
+  {
+  }
+  require(Helper::instanceManager.numberOfObjects() == 0, "no counted object is left");
+  return 0;
+}
