@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <map>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -75,7 +76,17 @@ public:
   explicit Value_impl(Variant&& variant) : _variant(std::move(variant)) {}
   Value_impl(Value_impl&&) = default;
   Value_impl& operator=(Value_impl&&) = default;
-  ~Value_impl() { _dismantle(); }
+  ~Value_impl()
+  {
+    try
+    {
+      _dismantle();
+    }
+    catch (const std::bad_alloc&)
+    {
+      // Without memory for the list what is left is destroyed by recursion.
+    }
+  }
 
   /// \throws boost::bad_get  if the value is of another type; so do the next four
   const Object& get_obj() const { return boost::get<Object>(_variant); }

@@ -31,11 +31,13 @@ std::string addressOf(const Careful* object)
 }
 
 // A destructor must not throw, not even for a stream that does.
-void report(const std::string& line) noexcept
+// Piece by piece, since there may be no memory to put a line together.
+template <class... Pieces>
+void report(const Pieces&... pieces) noexcept
 {
   try
   {
-    std::cout << line + "\n" << std::flush;
+    (std::cout << ... << pieces) << "\n" << std::flush;
   }
   catch (...)
   {
@@ -69,13 +71,13 @@ Careful::~Careful() noexcept(false)
   }
   if (!marked)
   {
-    Detail::report("Error 2592561907: Deleting object " + Detail::addressOf(this) +
+    Detail::report("Error 2592561907: Deleting object ", static_cast<const void*>(this),
                    " which has not been marked for deletion");
   }
   if (count != 0)
   {
-    Detail::report("Error 2427831854: Deleting object " + Detail::addressOf(this) +
-                   " with reference count " + std::to_string(count));
+    Detail::report("Error 2427831854: Deleting object ", static_cast<const void*>(this),
+                   " with reference count ", count);
   }
 }
 
@@ -142,7 +144,8 @@ void Careful::unref(bool allowDeletion)
   }
 
   // The name outlives the object: the manager keeps it.
-  const std::string& type = *_registeredType;
+  static const std::string unknown;
+  const std::string& type = _registeredType ? *_registeredType : unknown;
   const auto failure = [this, &type](const char* number)
   {
     return std::string("Error ") + number + ": deleting address " + Detail::addressOf(this) +

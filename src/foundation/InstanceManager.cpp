@@ -5,6 +5,7 @@
 #include <boost/thread/lock_guard.hpp>
 
 #include <cstdio>
+#include <new>
 #include <sstream>
 
 namespace Helper
@@ -76,7 +77,15 @@ void InstanceManager::remove(Kelmar::Base::Ref::Careful& object)
 void InstanceManager::storeType(Kelmar::Base::Ref::Careful& object)
 {
   const Detail::Lock lock(_mutex);
-  object._registeredType = _name(object);
+  // The caller holds the object by a plain pointer until its first reference stands, so that an
+  // exception here would leave it behind. A name only serves reports.
+  try
+  {
+    object._registeredType = _name(object);
+  }
+  catch (const std::bad_alloc&)
+  {
+  }
 }
 
 const std::string* InstanceManager::_name(const Kelmar::Base::Ref::Careful& object)

@@ -34,7 +34,7 @@ public:
 
   void add(Kelmar::Base::Ref::Careful& object);
   void remove(Kelmar::Base::Ref::Careful& object);
-  /// Stores the object's typeName().
+  /// Stores the object's typeName(); without memory for it the name stays empty.
   void storeType(Kelmar::Base::Ref::Careful& object);
 
   std::size_t numberOfObjects() const;

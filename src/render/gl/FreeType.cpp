@@ -5,6 +5,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <memory>
 #include <stdexcept>
 
 namespace orvex::render::gl
@@ -47,7 +48,11 @@ Font* FreeType::createFont(const std::string& filename)
   {
     return nullptr;
   }
-  return new Font(face);
+  // The font owns the face only once it stands.
+  std::unique_ptr<FT_FaceRec, FT_Error (*)(FT_Face)> guard(face, FT_Done_Face);
+  Font* font = new Font(face);
+  guard.release();
+  return font;
 }
 
 } // namespace orvex::render::gl

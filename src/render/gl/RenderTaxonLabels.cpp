@@ -49,8 +49,9 @@ void RenderTaxonLabels::accept(Visitor& visitor)
 
 void RenderTaxonLabels::addText(const Point2D<double>& position, const std::string& text)
 {
-  _texts.emplace_back(new Text(position, text, _font));
-  _boundingBox.add(_texts.back()->boundingBox());
+  const boost::intrusive_ptr<Text> label(new Text(position, text, _font));
+  _texts.push_back(label);
+  _boundingBox.add(label->boundingBox());
 }
 
 void RenderTaxonLabels::reserve(std::size_t count)
