@@ -45,7 +45,7 @@ BENCHMARK(newick)->Apply(orvex::bench::everySize);
 void serviceParse(benchmark::State& state)
 {
   const std::string text = body(leavesOf(state));
-  measure(state, [&] { return orvex::parseTree(text, ""); });
+  measure(state, [&] { return orvex::readTree(text, ""); });
 }
 BENCHMARK(serviceParse)->Apply(orvex::bench::everySize);
 
