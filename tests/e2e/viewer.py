@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Drives the real program from outside, as a user does, on a display of its own.
-Usage: viewer.py ORVEX-TREE-VIEWER"""
+Usage: viewer.py ORVEX-TREE-VIEWER ORVEX-TREE-SERVICE"""
 
+import atexit
 import os
 import pathlib
 import subprocess
@@ -81,6 +82,12 @@ def white(picture):
     return sum(data[i:i + 3] == b"\xff\xff\xff" for i in range(0, len(data), 3))
 
 
+def settled(main, folder):
+    """A screenshot of a tree, once the window stays as it is."""
+    return wait_for("a tree", lambda: white(s := screenshot(main, folder)) > 1000
+                    and screenshot(main, folder) == s and s)
+
+
 def menu(main, x, downs):
     """Opens the menu at x of the menu bar and chooses an entry by the keyboard."""
     xdotool("mousemove", "--window", main, x, 10, "click", 1)
@@ -132,7 +139,7 @@ def use(program, folder):
                                stderr=subprocess.PIPE, text=True)
     main = window("Orvex Tree Viewer")
     open_file(main, folder / "wide.nwk")
-    whole = wait_for("a tree", lambda: (s := screenshot(main, folder)) and white(s) > 1000 and s)
+    whole = settled(main, folder)
     xdotool("mousemove", "--window", main, 400, 300, "click", "--repeat", 8, 4)
     zoomed = wait_for("the zoom", lambda: (s := screenshot(main, folder)) != whole and s)
     xdotool("mousemove", "--window", main, 400, 300, "mousedown", 1,
@@ -144,10 +151,7 @@ def use(program, folder):
     xdotool("key", "Return")
     gone("Error Loading")
     window("Orvex Tree Viewer")
-    menu(main, 15, 4)
-    errors = process.communicate(timeout=PATIENCE)[1]
-    assert process.returncode == 0, process.returncode
-    assert "objects remaining" not in errors, errors
+    quit_program(main, process)
     assert (folder / "exception.txt").read_text() == ""
     log = folder / ".TesmarGroup/Orvex Tree Viewer/Orvex Tree Viewer.stdout"
     assert all(line.startswith("Qt ") for line in log.read_text().splitlines()), log.read_text()
@@ -155,6 +159,51 @@ def use(program, folder):
     for key in ("main_window_geometry=", f"file_dialog.last_directory.Open={folder}",
                 "file_dialog.last_filter.Export_Image="):
         assert key in settings, settings
+
+
+def quit_program(main, process):
+    menu(main, 15, 4)
+    errors = process.communicate(timeout=PATIENCE)[1]
+    assert process.returncode == 0, process.returncode
+    assert "objects remaining" not in errors, errors
+
+
+def open_from_service(program, service, folder):
+    """The tree looks the same as the file opened directly; a dead server leaves it shown."""
+    (folder / "trees").mkdir()
+    (folder / "trees/first.nwk").write_text("(a,b);")
+    (folder / "trees/wide.nwk").write_text(TREE)
+    viewer = subprocess.Popen([program], cwd=folder, env=environment(folder),
+                              stderr=subprocess.PIPE, text=True)
+    main = window("Orvex Tree Viewer")
+    open_file(main, folder / "trees/wide.nwk")
+    direct = settled(main, folder)
+    open_file(main, folder / "trees/first.nwk")
+    wait_for("another tree", lambda: (s := screenshot(main, folder)) != direct
+             and screenshot(main, folder) == s)
+    server = subprocess.Popen([service, folder / "trees"], stdout=subprocess.PIPE, text=True)
+    atexit.register(server.kill)
+    assert server.stdout.readline().startswith("serving 2 trees")
+    menu(main, 15, 2)
+    window("Dialog")
+    time.sleep(0.3)  # its list takes the keyboard
+    xdotool("key", "Down", "Down")
+    time.sleep(0.3)  # and shows the selected row
+    xdotool("key", "Return")
+    gone("Dialog")
+    window("Orvex Tree Viewer")
+    wait_for("the tree of the service", lambda: screenshot(main, folder) == direct)
+    server.terminate()
+    assert server.wait(timeout=PATIENCE) == 0
+    menu(main, 15, 2)
+    window("Error detected.")
+    xdotool("key", "Return")
+    gone("Error detected")
+    window("Orvex Tree Viewer")
+    wait_for("the shown tree to stay", lambda: screenshot(main, folder) == direct)
+    quit_program(main, viewer)
+    log = (folder / ".TesmarGroup/Orvex Tree Viewer/Orvex Tree Viewer.stdout").read_text()
+    assert "Error 8033290760: Error 3886626924: " in log, log
 
 
 def start_without_home(program, folder):
@@ -168,8 +217,10 @@ def start_without_home(program, folder):
 
 
 if __name__ == "__main__":
-    executable = pathlib.Path(sys.argv[1]).resolve()
+    executable, tree_service = (pathlib.Path(name).resolve() for name in sys.argv[1:3])
+    os.environ["no_proxy"] = "*"
     with Display():
-        for part in (use, start_without_home):
+        for part, arguments in ((use, ()), (open_from_service, (tree_service,)),
+                                (start_without_home, ())):
             with tempfile.TemporaryDirectory() as name:
-                part(executable, pathlib.Path(name))
+                part(executable, *arguments, pathlib.Path(name))
