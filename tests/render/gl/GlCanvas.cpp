@@ -1,4 +1,7 @@
+#include "render/gl/OpenGL.h"
+
 #include "render/gl/GlCanvas.h"
+#include "tree/NewickReader.h"
 
 #include <QApplication>
 #include <QGLWidget>
@@ -11,15 +14,6 @@ namespace orvex::test
 namespace
 {
 
-// Qt wants one application object for the process, made before any widget.
-void requireApplication()
-{
-  static int argc = 1;
-  static char name[] = "test-render-gl";
-  static char* argv[] = {name, nullptr};
-  static QApplication application(argc, argv);
-}
-
 /// Never shows its back buffer, so that what was drawn there can be read.
 class BackBuffer : public QGLWidget
 {
@@ -31,17 +25,21 @@ public:
 
 GlCanvas::GlCanvas()
 {
-  requireApplication();
+  // Qt wants one application object for the process, made before any widget.
+  static int argc = 1;
+  static char name[] = "test-render-gl";
+  static char* argv[] = {name, nullptr};
+  static QApplication application(argc, argv);
 }
 
 GlCanvas::~GlCanvas() = default;
 
-void GlCanvas::open(int width, int height)
+void GlCanvas::open(int w, int h)
 {
   QGLFormat format;
   format.setSampleBuffers(false);
   _widget = std::make_unique<BackBuffer>(format);
-  _widget->resize(width, height);
+  _widget->resize(w, h);
   _widget->show();
   // A frame drawn before the window is there would be lost.
   ASSERT_TRUE(QTest::qWaitForWindowExposed(_widget.get()));
@@ -49,66 +47,52 @@ void GlCanvas::open(int width, int height)
   _widget->swapBuffers(); // the driver takes the window's new size with the next buffer
   ASSERT_TRUE(_widget->isValid()) << "these tests need an X server with OpenGL";
   ASSERT_EQ(glewInit(), GLenum(GLEW_OK));
-  _width = width;
-  _height = height;
+  width = w;
+  height = h;
   glViewport(0, 0, width, height);
   glClearColor(0, 0, 0, 1);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 
+void GlCanvas::openView(const std::string& newick, int w, int h)
+{
+  open(w, h);
+  view = new render::gl::ViewCladogram;
+  view->tree(NewickReader().parseContents(newick));
+  view->update();
+  view->resize(static_cast<unsigned int>(w), static_cast<unsigned int>(h));
+}
+
+void GlCanvas::draw()
+{
+  view->render();
+  read();
+}
+
 void GlCanvas::read()
 {
-  _pixels.resize(std::size_t(_width) * std::size_t(_height) * 3);
+  _pixels.resize(std::size_t(width) * std::size_t(height) * 3);
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glReadPixels(0, 0, _width, _height, GL_RGB, GL_UNSIGNED_BYTE, _pixels.data());
+  glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, _pixels.data());
   ASSERT_EQ(glGetError(), GLenum(GL_NO_ERROR));
 }
 
-Colour GlCanvas::pixel(int x, int y) const
+GlCanvas::Found GlCanvas::find(const std::function<bool(const Colour&)>& wanted, int x0, int x1,
+                               int y0, int y1) const
 {
-  const std::size_t i = 3 * (std::size_t(y) * std::size_t(_width) + std::size_t(x));
-  return {_pixels.at(i), _pixels.at(i + 1), _pixels.at(i + 2)};
-}
-
-int GlCanvas::count(const std::function<bool(const Colour&)>& wanted) const
-{
-  int found = 0;
-  for (int y = 0; y < _height; ++y)
+  Found found{0, height, 0};
+  for (int y = y0; y < std::min(y1, height); ++y)
   {
-    for (int x = 0; x < _width; ++x)
+    for (int x = x0; x < std::min(x1, width); ++x)
     {
-      found += wanted(pixel(x, y)) ? 1 : 0;
-    }
-  }
-  return found;
-}
-
-int GlCanvas::count(const Colour& colour) const
-{
-  return count([&](const Colour& c) { return c == colour; });
-}
-
-int GlCanvas::rowsWith(int x0, int x1, const std::function<bool(const Colour&)>& wanted,
-                       int* lowest) const
-{
-  int low = _height;
-  int high = -1;
-  for (int y = 0; y < _height; ++y)
-  {
-    for (int x = x0; x < x1; ++x)
-    {
-      if (wanted(pixel(x, y)))
+      const unsigned char* p = &_pixels.at(3 * std::size_t(y * width + x));
+      if (wanted({p[0], p[1], p[2]}))
       {
-        low = std::min(low, y);
-        high = std::max(high, y);
+        found = {found.count + 1, std::min(found.low, y), y + 1};
       }
     }
   }
-  if (lowest)
-  {
-    *lowest = low;
-  }
-  return high < low ? 0 : high - low + 1;
+  return found;
 }
 
 } // namespace orvex::test

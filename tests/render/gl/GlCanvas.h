@@ -1,13 +1,13 @@
 #pragma once
 
-#include "render/gl/OpenGL.h"
+#include "render/gl/ViewCladogram.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 class QGLWidget;
@@ -16,10 +16,6 @@ namespace orvex::test
 {
 
 using Colour = std::array<int, 3>;
-
-constexpr Colour black{0, 0, 0};
-constexpr Colour white{255, 255, 255};
-constexpr Colour green{0, 255, 0};
 
 /// A window with a current context, without multisampling, so that a pixel is drawn or it isn't.
 /// Fails without an X server.
@@ -31,25 +27,29 @@ protected:
 
   /// A context of this size, cleared to black.
   void open(int width, int height);
-
+  /// Opens it for a view of a tree, which is not drawn yet.
+  void openView(const std::string& newick, int width, int height);
+  /// Draws the view and reads what was drawn.
+  void draw();
   /// Reads what was drawn. Fails the test on an OpenGL error.
   void read();
 
-  /// The origin is the lower left.
-  Colour pixel(int x, int y) const;
-  int count(const std::function<bool(const Colour&)>& wanted) const;
-  int count(const Colour& colour) const;
-  /// The highest less the lowest row, plus one, that holds a wanted pixel between two columns.
-  int rowsWith(int x0, int x1, const std::function<bool(const Colour&)>& wanted, int* lowest) const;
-
-  int width() const { return _width; }
-  int height() const { return _height; }
+  struct Found
+  {
+    int count, low, end; // the lowest row, and the one above the highest
+  };
+  /// Looks between two columns and two rows. The origin is the lower left.
+  Found find(const std::function<bool(const Colour&)>& wanted, int x0 = 0, int x1 = 9999,
+             int y0 = 0, int y1 = 9999) const;
 
 private:
   std::unique_ptr<QGLWidget> _widget;
-  int _width = 0;
-  int _height = 0;
   std::vector<unsigned char> _pixels;
+
+protected:
+  int width = 0;
+  int height = 0;
+  boost::intrusive_ptr<render::gl::ViewCladogram> view; // goes before its context
 };
 
 } // namespace orvex::test

@@ -1,185 +1,162 @@
-#include "render/gl/SceneFixture.h"
-
 #include "render/gl/FontFile.h"
 #include "render/gl/FreeType.h"
 #include "render/gl/Glyph.h"
+#include "render/gl/SceneFixture.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include <gmock/gmock.h>
 
 namespace
 {
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
-using Kelmar::Math::Matrix44d;
 
 boost::intrusive_ptr<Font> systemFont()
 {
   return FreeType::instance()->createFont(systemFontFile("Arial"));
 }
 
-boost::intrusive_ptr<Text> label(const std::string& text)
+std::pair<double, double> bearing(const Glyph& glyph)
 {
-  return new Text({0.0, 0.0}, text, systemFont());
+  std::pair<double, double> result;
+  glyph.horizontalBearing(result.first, result.second);
+  return result;
 }
 
 TEST(Font, GivesGlyphsInPixelsOf32)
 {
-  const auto font = systemFont();
+  EXPECT_FALSE(FreeType::instance()->createFont("/no/such/font.ttf"));
+  const auto font = systemFont(); // a missing file leaves the library usable
   ASSERT_TRUE(font);
   Glyph* h = font->getGlyph('H');
   ASSERT_TRUE(h);
   EXPECT_EQ(font->getGlyph('H'), h) << "made once";
   EXPECT_NEAR(h->height(), 23, 1) << "the height of capitals in 32 pixels";
   EXPECT_GT(std::count(h->buffer(), h->buffer() + h->width() * h->height(), 255), 60);
-
-  double x = 0.0;
-  double y = 0.0;
-  font->getGlyph('g')->horizontalBearing(x, y);
-  EXPECT_LT(y, -4.0) << "the bottom edge, below the baseline";
-  h->horizontalBearing(x, y);
-  EXPECT_EQ(y, 0.0);
-  EXPECT_GT(x, 0.0);
-
+  EXPECT_EQ(bearing(*h).second, 0.0);
+  EXPECT_GT(bearing(*h).first, 0.0);
+  EXPECT_LT(bearing(*font->getGlyph('g')).second, -4.0) << "the bottom edge, below the baseline";
   const Glyph* space = font->getGlyph(' ');
   EXPECT_EQ(space->width() * space->height(), 0u);
   EXPECT_GT(space->horizontalAdvance(), 5.0);
-  EXPECT_FALSE(FreeType::instance()->createFont("/no/such/font.ttf"));
-  EXPECT_TRUE(systemFont()) << "a missing file leaves the library usable";
 }
 
 TEST(Label, LaysQuadsAlongThePenAt15Pixels)
 {
+  constexpr double scale = 15.0 / 32.0;
   const auto font = systemFont();
   const std::string name = "AVA gq";
-  const auto text = label(name);
-  float pen = 0.0f;
-  char previous = 0;
+  const boost::intrusive_ptr<Text> text(new Text({0.0, 0.0}, name, font));
   ASSERT_EQ(text->numberOfGlyphs(), name.size());
+  double pen = 0.0;
+  double leastKerning = 0.0;
   for (std::size_t i = 0; i < name.size(); ++i)
   {
     SCOPED_TRACE(i);
-    const Glyph* glyph = font->getGlyph(name[i]);
-    double bx = 0.0;
-    double by = 0.0;
-    glyph->horizontalBearing(bx, by);
-    const float* quad = text->quad(i);
-    EXPECT_FLOAT_EQ(quad[0], pen + static_cast<float>(bx) * 0.46875f);
-    EXPECT_FLOAT_EQ(quad[1], static_cast<float>(by) * 0.46875f);
-    EXPECT_FLOAT_EQ(quad[4] - quad[0], static_cast<float>(glyph->width()) * 0.46875f);
-    EXPECT_FLOAT_EQ(quad[5] - quad[1], static_cast<float>(glyph->height()) * 0.46875f);
-    EXPECT_EQ(quad[2], quad[4]);
-    EXPECT_EQ(quad[3], quad[1]);
-    EXPECT_EQ(quad[6], quad[0]);
-    EXPECT_EQ(quad[7], quad[5]);
-    pen += static_cast<float>(glyph->horizontalAdvance()) * 0.46875f;
-    if (previous != 0)
+    const Glyph& glyph = *font->getGlyph(name[i]);
+    const double x0 = pen + bearing(glyph).first * scale;
+    const double y0 = bearing(glyph).second * scale;
+    const double x1 = x0 + glyph.width() * scale;
+    const double y1 = y0 + glyph.height() * scale;
+    EXPECT_THAT(std::vector<double>(text->quad(i), text->quad(i) + 8),
+                testing::Pointwise(testing::DoubleNear(1e-4), {x0, y0, x1, y0, x1, y1, x0, y1}));
+    double kerning = 0.0;
+    double unused = 0.0;
+    if (i > 0)
     {
-      double kx = 0.0;
-      double ky = 0.0;
-      font->getKerning(previous, name[i], kx, ky);
-      pen += static_cast<float>(kx) * 0.46875f;
+      font->getKerning(name[i - 1], name[i], kerning, unused);
     }
-    previous = name[i];
+    pen += (glyph.horizontalAdvance() + kerning) * scale;
+    leastKerning = std::min(leastKerning, kerning);
   }
-  double kx = 0.0;
-  double ky = 0.0;
-  font->getKerning('A', 'V', kx, ky);
-  EXPECT_LT(kx, 0.0) << "a pair that kerns, or the above proves nothing of kerning";
+  EXPECT_LT(leastKerning, 0.0) << "a pair that kerns, or the above proves nothing of kerning";
   EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().minimum.x), text->quad(0)[0]);
   EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().maximum.x), text->quad(5)[4]);
+
+  for (const auto& empty : {new Text({0.5, 0.5}, "name", nullptr), new Text({0.5, 0.5}, "", font)})
+  {
+    const boost::intrusive_ptr<Text> owner(empty);
+    EXPECT_EQ(empty->numberOfGlyphs(), 0u);
+    EXPECT_FALSE(empty->getBoundingBoxScreenSpace(Kelmar::Math::Matrix44d()).valid());
+  }
 }
 
-TEST(Label, WithoutFontOrCharactersIsEmpty)
+/// Labels in a column, in a state where one unit is one pixel, so that positions are pixels.
+struct Column
 {
-  const boost::intrusive_ptr<Text> noFont(new Text({0.5, 0.5}, "name", nullptr));
-  const auto empty = label("");
-  for (const auto& text : {noFont, empty})
-  {
-    EXPECT_EQ(text->numberOfGlyphs(), 0u);
-    EXPECT_FALSE(text->boundingBox().valid());
-    EXPECT_FALSE(text->getBoundingBoxScreenSpace(Matrix44d()).valid());
-  }
-  const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
-  labels->addText({1.0, 1.0}, "");
-  EXPECT_FALSE(labels->boundingBox().valid());
-  EXPECT_EQ(labels->texts().size(), 1u);
-}
+  void add(double row, const std::string& name) { labels->addText({0.0, row}, name); }
+  void resize(unsigned int size) { state->viewport({0, 0, size, size}); }
 
-std::string keptAt(RenderTaxonLabels& labels, unsigned int level, const State& state)
-{
-  const RenderTaxonLabels::Kept& kept = labels.getOrCreateTextForLevel(level, state);
-  std::string names;
-  for (std::size_t i = 0; i < kept.size(); ++i)
+  std::string kept()
   {
-    names += kept[i] ? labels.texts()[i]->text() : "";
+    const auto& kept = labels->getOrCreateTextForLevel(3, *state);
+    std::string names;
+    for (std::size_t i = kept.find_first(); i < kept.size(); i = kept.find_next(i))
+    {
+      names += labels->texts()[i]->text();
+    }
+    return names;
   }
-  return names;
-}
 
-/// Labels in a column. One unit is one pixel, so positions are pixels.
-std::string keptOf(const std::vector<double>& rows, const std::vector<std::string>& names)
-{
-  const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
-  for (std::size_t i = 0; i < rows.size(); ++i)
-  {
-    labels->addText({0.0, rows[i]}, names[i]);
-  }
-  const boost::intrusive_ptr<State> state(new State);
-  state->viewport({0, 0, 2, 2}); // with identity matrices, a scale of one
-  const std::string kept = keptAt(*labels, 3, *state);
-  state->viewport({0, 0, 2000, 2000});
-  EXPECT_EQ(keptAt(*labels, 3, *state), kept) << "a level is decided once";
-  return kept;
-}
+  boost::intrusive_ptr<RenderTaxonLabels> labels{new RenderTaxonLabels};
+  boost::intrusive_ptr<State> state{new State};
+};
 
 TEST(Label, ThinningComparesWithTheLastLabelKept)
 {
   // A capital is 23 * 0.46875 = 10.8 pixels high.
-  EXPECT_EQ(keptOf({100.0, 95.0, 88.0}, {"A", "B", "C"}), "AC");
-  EXPECT_EQ(keptOf({100.0, 95.0, 91.0}, {"A", "B", "C"}), "A") << "with A, not with B";
-  EXPECT_EQ(keptOf({100.0, 80.0, 60.0}, {"A", "B", "C"}), "ABC");
-  EXPECT_EQ(keptOf({100.0, 99.0, 98.0}, {"A", "", "C"}), "AC")
-      << "an empty label is kept and runs into nothing";
-  EXPECT_EQ(keptOf({}, {}), "");
+  const std::vector<std::tuple<std::vector<double>, std::string, std::string>> cases = {
+      {{100.0, 95.0, 88.0}, "B", "AC"},
+      {{100.0, 95.0, 91.0}, "B", "A"}, // with A, not with B
+      {{100.0, 80.0, 60.0}, "B", "ABC"},
+      {{100.0, 99.0, 98.0}, "", "AC"}, // an empty label is kept and runs into nothing
+  };
+  for (const auto& [rows, middle, expected] : cases)
+  {
+    Column column;
+    column.add(rows[0], "A");
+    column.add(rows[1], middle);
+    column.add(rows[2], "C");
+    column.resize(2); // with identity matrices, a scale of one
+    EXPECT_EQ(column.kept(), expected);
+    column.resize(2000);
+    EXPECT_EQ(column.kept(), expected) << "a level is decided once";
+  }
+  EXPECT_EQ(Column().kept(), "");
 }
 
 // The walk over what is in view against the walk over everything.
 TEST(Label, FindsTheLabelsOfARangeOfRows)
 {
-  const unsigned int seed = 99;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
-  const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
+  std::mt19937 random(99);
+  Column column;
   double row = 3000.0;
   for (int i = 0; i < 500; ++i)
   {
-    labels->addText({0.0, row}, i % 7 == 0 ? "" : i % 2 == 0 ? "gjq" : "TEA");
+    column.add(row, i % 7 == 0 ? "" : i % 2 == 0 ? "gjq" : "TEA");
     row -= 0.01 * double(random() % 1200);
   }
-  const boost::intrusive_ptr<State> state(new State);
-  state->viewport({0, 0, 2, 2});
-  const auto& kept = labels->getOrCreateTextForLevel(0, *state);
-  const auto matrix = state->getLocalToScreenMatrix();
+  column.resize(2);
+  const auto& texts = column.labels->texts();
+  const auto& kept = column.labels->getOrCreateTextForLevel(0, *column.state);
+  const auto matrix = column.state->getLocalToScreenMatrix();
   for (int round = 0; round < 300; ++round)
   {
     // Ends on the border of a label, or anywhere.
-    const Box2D border = labels->texts()[1 + random() % 499]->getBoundingBoxScreenSpace(matrix);
+    const Box2D border = texts[1 + random() % 499]->getBoundingBoxScreenSpace(matrix);
     const double low = round % 2 && border.valid() ? border.maximum.y : double(random() % 3000);
     const double high = low + double(random() % 600);
     std::vector<Text*> expected;
     for (std::size_t i = 0; i < kept.size(); ++i)
     {
-      const Box2D box = labels->texts()[i]->getBoundingBoxScreenSpace(matrix);
+      const Box2D box = texts[i]->getBoundingBoxScreenSpace(matrix);
       if (kept[i] && std::min(box.maximum.y, high) >= std::max(box.minimum.y, low))
       {
-        expected.push_back(labels->texts()[i].get());
+        expected.push_back(texts[i].get());
       }
     }
     std::vector<Text*> found;
-    labels->findTextForLevel(0, *state, low, high, found);
+    column.labels->findTextForLevel(0, *column.state, low, high, found);
     EXPECT_EQ(found, expected) << "rows " << low << " to " << high;
   }
 }

@@ -12,55 +12,49 @@
 
 #include <random>
 #include <string>
+#include <vector>
 
 namespace orvex::test
 {
 
-/// A tree from Newick text, its layout and its scene.
+/// A tree, its layout and its scene.
 struct Scene
 {
-  explicit Scene(const std::string& newick)
-      : tree(NewickReader().parseContents(newick)), layout(layOut(tree)), builder(tree)
+  explicit Scene(const boost::shared_ptr<Tree>& tree)
+      : layout(
+            boost::intrusive_ptr<render::TreeLayout2D>(new render::LayoutCladogram)->layout(tree)),
+        builder(tree)
   {
     builder.buildScene(layout);
   }
+  explicit Scene(const std::string& newick) : Scene(NewickReader().parseContents(newick)) {}
 
-  render::gl::RenderTaxonLabels& labels() const
-  {
-    return dynamic_cast<render::gl::RenderTaxonLabels&>(*builder.root()->children().at(0));
-  }
   render::gl::RenderNode& lines() const
   {
     return dynamic_cast<render::gl::RenderNode&>(*builder.root()->children().at(1));
   }
 
-  static boost::intrusive_ptr<render::LayoutInfo2D> layOut(const boost::shared_ptr<Tree>& tree)
-  {
-    return boost::intrusive_ptr<render::LayoutCladogram>(new render::LayoutCladogram)->layout(tree);
-  }
-
-  boost::shared_ptr<Tree> tree;
   boost::intrusive_ptr<render::LayoutInfo2D> layout;
   render::gl::SceneBuilder builder;
 };
 
-/// A random binary tree with leaves a0, a1, ... from the top down.
-inline std::string randomNewick(int leaves, std::mt19937& random, int& nextLeaf)
-{
-  if (leaves == 1)
-  {
-    return "a" + std::to_string(nextLeaf++);
-  }
-  const int left = 1 + static_cast<int>(random() % static_cast<unsigned int>(leaves - 1));
-  const std::string first = randomNewick(left, random, nextLeaf);
-  return "(" + first + "," + randomNewick(leaves - left, random, nextLeaf) + ")";
-}
-
+/// A random binary tree with leaves a0, a1, ... from the top down: neighbours join until one is
+/// left.
 inline std::string randomNewick(int leaves, unsigned int seed)
 {
   std::mt19937 random(seed);
-  int nextLeaf = 0;
-  return randomNewick(leaves, random, nextLeaf) + ";";
+  std::vector<std::string> clades;
+  for (int i = 0; i < leaves; ++i)
+  {
+    clades.push_back("a" + std::to_string(i));
+  }
+  while (clades.size() > 1)
+  {
+    const auto left = clades.begin() + static_cast<int>(random() % (clades.size() - 1));
+    *left = "(" + *left + "," + left[1] + ")";
+    clades.erase(left + 1);
+  }
+  return clades.front() + ";";
 }
 
 } // namespace orvex::test

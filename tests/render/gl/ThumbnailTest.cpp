@@ -1,12 +1,11 @@
+#include "render/gl/OpenGL.h"
+
 #include "render/gl/GlCanvas.h"
-#include "render/gl/SceneFixture.h"
-
-#include "render/gl/FrameBufferObject.h"
 #include "render/gl/Image.h"
+#include "render/gl/SceneFixture.h"
 #include "render/gl/Texture2D.h"
-#include "render/gl/ViewCladogram.h"
 
-#include <cmath>
+#include <gmock/gmock.h>
 
 namespace orvex::test
 {
@@ -14,6 +13,7 @@ namespace
 {
 
 using namespace render::gl;
+using Thumbnail = GlCanvas;
 
 // Where the rectangle covers black the fill alone leaves a dark blue.
 bool isBlue(const Colour& c)
@@ -21,61 +21,14 @@ bool isBlue(const Colour& c)
   return c[2] > c[0] + 40;
 }
 
-class Thumbnail : public GlCanvas
+bool isLine(const Colour& c)
 {
-protected:
-  void show(const std::string& newick, int width, int height)
-  {
-    open(width, height);
-    makeView(newick);
-    view->resize(static_cast<unsigned int>(width), static_cast<unsigned int>(height));
-    draw();
-  }
-
-  void makeView(const std::string& newick)
-  {
-    view = new ViewCladogram;
-    view->tree(NewickReader().parseContents(newick));
-    view->update();
-  }
-
-  void draw()
-  {
-    view->render();
-    read();
-  }
-
-  /// The rows that the rectangle should cover, by the arithmetic of its corners.
-  std::pair<double, double> expectedRows() const
-  {
-    const double h = height();
-    const double half = h / (2.0 * view->camera()->zoom() * (h - 16));
-    const double middle = -view->camera()->position().y;
-    return {(middle - half) * h, (middle + half) * h};
-  }
-
-  void TearDown() override { view = nullptr; }
-
-  boost::intrusive_ptr<ViewCladogram> view;
-};
-
-TEST_F(Thumbnail, ShowsTheWholeTreeInTheLeftTenth)
-{
-  show("((A,B),C);", 1000, 600);
-  ASSERT_EQ(view->thumbnailViewport().width, 100u);
-  // The unit square fills the column exactly: a leaf's line lies at its share of the height.
-  int lit = 0;
-  for (int x = 5; x < 98; ++x)
-  {
-    lit += pixel(x, 200)[0] > 100 || pixel(x, 199)[0] > 100 ? 1 : 0;
-  }
-  EXPECT_GT(lit, 85) << "the line to C at a third of the height";
-  EXPECT_GT(count(isBlue), 100 * 500);
+  return c[0] > 100;
 }
 
 TEST_F(Thumbnail, RectangleFollowsZoomAndPan)
 {
-  show(randomNewick(500, 4), 1000, 600);
+  openView(randomNewick(500, 4), 1000, 600);
   for (const auto& [zoom, pan] : std::vector<std::pair<double, double>>{
            {1.0, 0.0}, {2.0, 0.0}, {4.0, 0.2}, {4.0, -0.3}, {10.0, -0.45}})
   {
@@ -84,58 +37,41 @@ TEST_F(Thumbnail, RectangleFollowsZoomAndPan)
     view->camera()->zoomByAmount(zoom - 1.0);
     view->camera()->pan(0.0, pan);
     draw();
-    const auto [low, high] = expectedRows();
-    int lowest = 0;
-    const int rows = rowsWith(2, 98, isBlue, &lowest);
-    EXPECT_NEAR(lowest, std::max(0.0, low), 1.0);
-    EXPECT_NEAR(lowest + rows, std::min(600.0, high), 1.0);
+    // By the arithmetic of the rectangle's corners.
+    const double half = 600.0 / (2.0 * zoom * (600 - 16)) * 600.0;
+    const double middle = (0.5 - pan) * 600.0;
+    const Found blue = find(isBlue, 2, 98);
+    EXPECT_NEAR(blue.low, std::max(0.0, middle - half), 1.0);
+    EXPECT_NEAR(blue.end, std::min(600.0, middle + half), 1.0);
+    EXPECT_GT(blue.count, 90 * (blue.end - blue.low)) << "filled";
   }
 }
 
-TEST_F(Thumbnail, IsMadeAgainByAResizeAndNothingElse)
+TEST_F(Thumbnail, ShowsTheWholeTreeAndIsMadeAgainByAResizeOnly)
 {
-  show("((A,B),C);", 500, 300);
+  openView("((A,B),C);", 500, 300);
+  draw();
+  // The unit square fills the column exactly: a leaf's line lies at its share of the height.
+  EXPECT_GT(find(isLine, 3, 49, 99, 102).count, 42) << "the line to C at a third";
   view->tree(NewickReader().parseContents("(a,b,c,d,e,f);"));
   view->update();
   draw();
-  const auto lit = [](const Colour& c) { return c[0] > 100; };
-  int lowest = 0;
-  rowsWith(40, 49, lit, &lowest);
-  EXPECT_NEAR(lowest, 100, 1) << "still the old picture, whose lowest leaf is at a third";
+  EXPECT_NEAR(find(isLine, 40, 49).low, 100, 1) << "still the old picture";
   view->resize(500, 300);
   draw();
-  rowsWith(40, 49, lit, &lowest);
-  EXPECT_NEAR(lowest, 50, 1);
+  EXPECT_NEAR(find(isLine, 40, 49).low, 50, 1);
 }
 
-TEST_F(Thumbnail, LeavesSettingsAndStateAsTheyWere)
+TEST_F(Thumbnail, ManyResizesLeaveNothingBehind)
 {
-  show(randomNewick(500, 4), 500, 300);
-  EXPECT_FALSE(view->settings()->alwaysUseHighLod());
-  EXPECT_TRUE(view->settings()->drawText());
-  GLint bound = -1;
-  glGetIntegerv(GL_FRAMEBUFFER_BINDING_EXT, &bound);
-  EXPECT_EQ(bound, 0);
-  GLint depth = -1;
-  glGetIntegerv(GL_ATTRIB_STACK_DEPTH, &depth);
-  EXPECT_EQ(depth, 0);
-  GLboolean mask = GL_FALSE;
-  glGetBooleanv(GL_DEPTH_WRITEMASK, &mask);
-  EXPECT_EQ(mask, GL_TRUE);
-}
-
-// Names of OpenGL objects are given out anew once they are free, so a leak shows in ever larger
-// ones.
-TEST_F(Thumbnail, ManyResizesLeakNoOpenGLObjects)
-{
-  show("((A,B),C);", 500, 300);
+  openView("((A,B),C);", 500, 300);
+  draw();
   const auto objects = []
   {
     int alive = 0;
     for (GLuint name = 1; name < 400; ++name)
     {
-      alive += glIsTexture(name) ? 1 : 0;
-      alive += glIsFramebufferEXT(name) ? 1 : 0;
+      alive += (glIsTexture(name) ? 1 : 0) + (glIsFramebufferEXT(name) ? 1 : 0);
     }
     return alive;
   };
@@ -150,56 +86,55 @@ TEST_F(Thumbnail, ManyResizesLeakNoOpenGLObjects)
   view->resize(500, 300);
   draw();
   EXPECT_EQ(objects(), before);
+  EXPECT_FALSE(view->settings()->alwaysUseHighLod());
+  EXPECT_TRUE(view->settings()->drawText());
+  for (const auto& [name, expected] : std::vector<std::pair<GLenum, GLint>>{
+           {GL_FRAMEBUFFER_BINDING_EXT, 0}, {GL_ATTRIB_STACK_DEPTH, 0}, {GL_DEPTH_WRITEMASK, 1}})
+  {
+    GLint value = -1;
+    glGetIntegerv(name, &value);
+    EXPECT_EQ(value, expected) << name;
+  }
 }
 
 TEST_F(Thumbnail, WithoutFramebufferSupportTheColumnStaysBlackUnderItsRectangle)
 {
-  open(1000, 600);
-  makeView("((A,B),C);");
+  openView("((A,B),C);", 1000, 600);
   __GLEW_EXT_framebuffer_object = GL_FALSE;
-  view->resize(1000, 600);
   draw();
   draw();
   __GLEW_EXT_framebuffer_object = GL_TRUE;
-  int lit = 0;
-  for (int y = 0; y < 600; ++y)
-  {
-    lit += pixel(50, y)[0] > 100 ? 1 : 0;
-  }
-  EXPECT_EQ(lit, 0);
-  EXPECT_TRUE(isBlue(pixel(50, 300)));
+  EXPECT_EQ(find(isLine, 0, 99).count, 0);
+  EXPECT_GT(find(isBlue, 0, 99).count, 100 * 500);
 }
 
 TEST_F(Thumbnail, TexturesUploadTheirImageOnce)
 {
   open(64, 64);
   const boost::intrusive_ptr<Image> image(new Image);
-  image->init(3, 2, GL_RGB);
-  EXPECT_EQ(image->data(1, 2) - image->buffer(), 3 * 3 + 2);
-  EXPECT_THROW(image->init(5, 5, GL_DEPTH_COMPONENT), std::runtime_error);
-  EXPECT_NE(image->buffer(), nullptr) << "the earlier pixels stay";
-  for (const auto& [format, channels] : std::vector<std::pair<GLenum, unsigned int>>{
-           {GL_ALPHA, 1}, {GL_RGB, 3}, {GL_RGBA, 4}, {GL_LUMINANCE, 1}, {GL_LUMINANCE_ALPHA, 2}})
+  for (const auto& [format, channels] : std::vector<std::pair<GLenum, int>>{
+           {GL_ALPHA, 1}, {GL_RGBA, 4}, {GL_LUMINANCE, 1}, {GL_LUMINANCE_ALPHA, 2}, {GL_RGB, 3}})
   {
     image->init(3, 2, format);
-    EXPECT_EQ(image->numChannels(), channels);
+    EXPECT_EQ(image->data(1, 2) - image->buffer(), 3 * channels + 2);
   }
-  const boost::intrusive_ptr<Texture2D> nothing(new Texture2D(nullptr));
-  nothing->apply();
+  boost::intrusive_ptr<Texture2D>(new Texture2D(nullptr))->apply();
   EXPECT_EQ(glIsEnabled(GL_TEXTURE_2D), GL_FALSE);
 
-  image->init(3, 2, GL_RGB); // rows of nine bytes, which no alignment but one fits
-  const unsigned char pixels[18] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18};
-  std::copy(std::begin(pixels), std::end(pixels), image->buffer());
+  // RGB by now, with rows of nine bytes, which no alignment but one fits.
+  const std::vector<unsigned char> pixels{1,  2,  3,  4,  5,  6,  7,  8,  9,
+                                          10, 11, 12, 13, 14, 15, 16, 17, 18};
+  std::copy(pixels.begin(), pixels.end(), image->buffer());
   const boost::intrusive_ptr<Texture2D> texture(new Texture2D(image));
   texture->apply();
   image->buffer()[0] = 99;
   texture->apply();
-  unsigned char back[18] = {};
+  std::vector<unsigned char> back(18);
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glGetTexImage(GL_TEXTURE_2D, 0, GL_RGB, GL_UNSIGNED_BYTE, back);
-  EXPECT_TRUE(std::equal(std::begin(pixels), std::end(pixels), std::begin(back)));
-  texture->releaseGLObjects();
+  glGetTexImage(GL_TEXTURE_2D, 0, GL_RGB, GL_UNSIGNED_BYTE, back.data());
+  EXPECT_EQ(back, pixels);
+  EXPECT_THROW(image->init(5, 5, GL_DEPTH_COMPONENT), std::runtime_error);
+  EXPECT_EQ(*image->buffer(), 99) << "the earlier pixels stay";
 }
 
 } // namespace
