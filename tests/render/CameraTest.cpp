@@ -30,26 +30,23 @@ TEST_F(Camera, DividesItsZoomIntoLevels)
   camera->zoomByAmount(5.0);
   EXPECT_EQ(camera->zoom(), 1.0) << "the lower limit wins";
   constexpr unsigned int most = 4294967295u;
-  // Leaves, height; greatest zoom, levels, level at zoom 1, level at the greatest zoom.
-  using Case = std::tuple<unsigned int, unsigned int, double, unsigned int, unsigned, unsigned>;
-  for (const auto& [leaves, height, maximum, levels, first, last] : {
-           Case{30, 600, 0.0, 1, most, most}, Case{33, 600, 1.0, 1, 1, 1},
-           Case{100, 600, 3.0, 3, 1, 3}, Case{333, 600, 10.0, 10, 1, 10},
-           Case{366, 600, 11.0, 10, 0, 10}, Case{3333, 600, 100.0, 10, 0, 10},
-           Case{3366, 600, 101.0, 10, 0, 10}, Case{10000, 600, 300.0, 30, 0, 30},
-           Case{1000000, 1000, 18000.0, 1800, 0, 1800},
-           Case{238609294, 1, 14.0, 10, 0, 10}, // 18 times that and one more passes 32 bits
-       })
+  // Leaves, height; greatest zoom, levels, level at zoom 1, level at the greatest zoom. In the last
+  // row 18 times the leaves and one more passes 32 bits.
+  using Case = std::tuple<unsigned, unsigned, unsigned, unsigned, unsigned, unsigned>;
+  for (const auto& [leaves, height, maximum, levels, first, last] :
+       {Case{30, 600, 0, 1, most, most}, Case{33, 600, 1, 1, 1, 1}, Case{100, 600, 3, 3, 1, 3},
+        Case{333, 600, 10, 10, 1, 10}, Case{366, 600, 11, 10, 0, 10},
+        Case{3333, 600, 100, 10, 0, 10}, Case{3366, 600, 101, 10, 0, 10},
+        Case{10000, 600, 300, 30, 0, 30}, Case{1000000, 1000, 18000, 1800, 0, 1800},
+        Case{238609294, 1, 14, 10, 0, 10}})
   {
-    SCOPED_TRACE(leaves);
-    camera->reset();
     camera->updateZoomInformation(leaves, 18, {0, 0, 900, height});
-    EXPECT_EQ(camera->maximumZoom(), maximum);
-    EXPECT_EQ(camera->numberOfZoomLevels(), levels);
-    EXPECT_EQ(camera->zoomLevel(), first);
+    const unsigned int before = camera->zoomLevel();
     camera->zoomByAmount(1e6);
-    EXPECT_EQ(camera->zoom(), std::max(1.0, maximum));
-    EXPECT_EQ(camera->zoomLevel(), last);
+    EXPECT_THAT((std::vector<double>{camera->maximumZoom(), double(camera->numberOfZoomLevels()),
+                                     double(before), double(camera->zoomLevel()), camera->zoom()}),
+                testing::ElementsAre(maximum, levels, first, last, std::max(1u, maximum)))
+        << leaves;
     camera->zoomByAmount(-1e7);
     EXPECT_EQ(camera->zoom(), 1.0);
   }
@@ -67,9 +64,7 @@ TEST_F(Camera, KeepsAZoomAboveANewLimitUntilItIsChanged)
   camera->horizontalPixelsForText(222);
   camera->pan(0.0, 3.0);
   camera->reset();
-  EXPECT_EQ(camera->zoom(), 1.0);
-  EXPECT_EQ(camera->maximumZoom(), 15.0);
-  expectPixel(1.0, 0.5, 1.01 * (900 - 222), 300.0);
+  expectPixel(1.0, 1.0, 1.01 * (900 - 222), 592.0);
 }
 
 TEST_F(Camera, PutsTheTreeBesideTheLabels)
@@ -94,22 +89,18 @@ TEST_F(Camera, PutsTheTreeBesideTheLabels)
 TEST_F(Camera, DrawsIntoOnePixelWhereThereIsNoRoom)
 {
   camera->horizontalPixelsForText(150);
-  for (const unsigned int size : {0u, 1u, 16u})
+  for (const unsigned int size : {0u, 1u, 16u, 152u})
   {
     viewport = {0, 0, size, size};
-    expectPixel(0.99, 1.5, 1.0, size * 0.5 + 1.0);
+    expectPixel(0.99, 1.5, size == 152 ? 2.0 : 1.0, size * 0.5 + (size == 152 ? 136.0 : 1.0));
   }
-  viewport = {0, 0, 152, 18};
-  expectPixel(0.99, 1.5, 2.0, 11.0);
 }
 
 TEST(Viewport, GoesFromClipSpaceToTheWindow)
 {
   const auto matrix = Viewport{100, 20, 900, 600}.computeWindowMatrix();
-  const Vector3d low = matrix * Vector3d(-1.0, -1.0, -1.0);
-  const Vector3d high = matrix * Vector3d(1.0, 0.5, 1.0);
-  const double corners[] = {low[0], low[1], low[2], high[0], high[1], high[2]};
-  EXPECT_THAT(corners, testing::ElementsAre(100.0, 20.0, 0.0, 1000.0, 470.0, 1.0));
+  const Vector3d point = matrix * Vector3d(-0.5, 0.5, -1.0);
+  EXPECT_THAT((std::vector{point[0], point[1], point[2]}), testing::ElementsAre(325.0, 470.0, 0.0));
 }
 
 } // namespace

@@ -5,26 +5,18 @@
 #include "render/gl/SceneFixture.h"
 #include "render/gl/Texture2D.h"
 
-#include <gmock/gmock.h>
-
-namespace orvex::test
-{
 namespace
 {
 
-using namespace render::gl;
+using namespace orvex::render;
+using namespace orvex::render::gl;
+using namespace orvex::test;
 using Thumbnail = GlCanvas;
 
 // Where the rectangle covers black the fill alone leaves a dark blue.
-bool isBlue(const Colour& c)
-{
-  return c[2] > c[0] + 40;
-}
+const auto isBlue = [](const Colour& c) { return c[2] > c[0] + 40; };
 
-bool isLine(const Colour& c)
-{
-  return c[0] > 100;
-}
+const auto isLine = [](const Colour& c) { return c[0] > 100; };
 
 TEST_F(Thumbnail, RectangleFollowsZoomAndPan)
 {
@@ -53,7 +45,7 @@ TEST_F(Thumbnail, ShowsTheWholeTreeAndIsMadeAgainByAResizeOnly)
   draw();
   // The unit square fills the column exactly: a leaf's line lies at its share of the height.
   EXPECT_GT(find(isLine, 3, 49, 99, 102).count, 42) << "the line to C at a third";
-  view->tree(NewickReader().parseContents("(a,b,c,d,e,f);"));
+  view->tree(orvex::NewickReader().parseContents("(a,b,c,d,e,f);"));
   view->update();
   draw();
   EXPECT_NEAR(find(isLine, 40, 49).low, 100, 1) << "still the old picture";
@@ -138,4 +130,3 @@ TEST_F(Thumbnail, TexturesUploadTheirImageOnce)
 }
 
 } // namespace
-} // namespace orvex::test

@@ -9,33 +9,18 @@
 
 #include <cmath>
 
-namespace orvex::test
-{
 namespace
 {
 
-using namespace render::gl;
+using namespace orvex::render;
+using namespace orvex::render::gl;
+using namespace orvex::test;
 
-bool isLit(const Colour& c)
-{
-  return c[0] + c[1] + c[2] > 90;
-}
+const auto isLit = [](const Colour& c) { return c[0] + c[1] + c[2] > 90; };
 
-bool isGreen(const Colour& c)
-{
-  return c == Colour{0, 255, 0};
-}
+const auto isGreen = [](const Colour& c) { return c == Colour{0, 255, 0}; };
 
-class ViewPixels : public GlCanvas
-{
-protected:
-  /// Whether a row, counted from below, is white between two columns.
-  bool rowIsWhite(int row, int x0, int x1) const
-  {
-    const auto isWhite = [](const Colour& c) { return c == Colour{255, 255, 255}; };
-    return find(isWhite, x0, x1, row, row + 1).count == x1 - x0;
-  }
-};
+using ViewPixels = GlCanvas;
 
 TEST_F(ViewPixels, LeafLinesLieInTheirRowsAndLabelsBesideThem)
 {
@@ -44,6 +29,12 @@ TEST_F(ViewPixels, LeafLinesLieInTheirRowsAndLabelsBesideThem)
   const auto rowOf = [](double y) { return static_cast<int>((y - 0.5) * (300 - 16) + 150.0); };
   const unsigned int w = view->mainViewport().width - view->camera()->horizontalPixelsForText();
   const auto columnOf = [&](double x) { return 50 + static_cast<int>((x + 0.01) * w); };
+  // Whether a row, counted from below, is white between two columns.
+  const auto rowIsWhite = [&](int row, int x0, int x1)
+  {
+    const auto isWhite = [](const Colour& c) { return c == Colour{255, 255, 255}; };
+    return find(isWhite, x0, x1, row, row + 1).count == x1 - x0;
+  };
   const int root = columnOf(0.0);
   const int inner = columnOf(0.740363);
   const int leaves = columnOf(1.0);
@@ -55,7 +46,7 @@ TEST_F(ViewPixels, LeafLinesLieInTheirRowsAndLabelsBesideThem)
   EXPECT_EQ(find(isLit, inner - 4, inner - 3, 290, 294).count, 0) << "lines end at the parent";
 
   const int row = rowOf(1.0 / 3.0);
-  const Found label = find(isLit, leaves + 2, leaves + 20, row - 20, row + 20);
+  const auto label = find(isLit, leaves + 2, leaves + 20, row - 20, row + 20);
   EXPECT_NEAR(label.end - label.low, 11, 2) << "a capital in an em of 15 pixels";
   EXPECT_NEAR((label.low + label.end) / 2.0, row, 1.5) << "its centre is at the leaf";
 
@@ -74,9 +65,9 @@ TEST_F(ViewPixels, DraggingMovesTheTreeWithThePointerAtEveryZoom)
     view->handleZoom(zoom);
     const double before = row();
     const double zoomed = view->camera()->zoom();
-    render::MouseEvent start;
+    MouseEvent start;
     start.position = {0.1, 0.2};
-    render::MouseEvent end = start;
+    MouseEvent end = start;
     end.position[1] += 2.0 * 60 / height; // 60 pixels up
     end.left = end.right = true;
     view->handleNavigation(end, start);
@@ -118,7 +109,7 @@ TEST_F(ViewPixels, ProxyIsAnOutline)
 TEST_F(ViewPixels, AnyWindowSizeIsSafe)
 {
   openView(randomNewick(300, 2), 640, 480);
-  render::MouseEvent end;
+  MouseEvent end;
   end.position = {0.3, 0.3};
   end.left = true;
   for (const auto& [w, h] : std::vector<std::pair<unsigned int, unsigned int>>{
@@ -127,7 +118,7 @@ TEST_F(ViewPixels, AnyWindowSizeIsSafe)
     SCOPED_TRACE(testing::Message() << w << " by " << h);
     view->resize(w, h);
     EXPECT_NO_THROW(view->render());
-    EXPECT_NO_THROW(view->handleNavigation(end, render::MouseEvent()));
+    EXPECT_NO_THROW(view->handleNavigation(end, MouseEvent()));
     view->handleZoom(0.12);
     EXPECT_TRUE(std::isfinite(view->camera()->position().y));
     EXPECT_TRUE(std::isfinite(view->camera()->zoom()));
@@ -143,7 +134,7 @@ TEST_F(ViewPixels, UpdatingAgainReplacesTheScene)
   view->update();
   draw();
   EXPECT_EQ(Helper::instanceManager.numberOfObjects(), objects);
-  view->tree(boost::make_shared<Tree>());
+  view->tree(boost::make_shared<orvex::Tree>());
   view->update();
   EXPECT_FALSE(view->root()) << "a tree without a root gives no scene";
   EXPECT_EQ(view->camera()->horizontalPixelsForText(), 150u);
@@ -152,4 +143,3 @@ TEST_F(ViewPixels, UpdatingAgainReplacesTheScene)
 }
 
 } // namespace
-} // namespace orvex::test
