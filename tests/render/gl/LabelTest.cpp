@@ -76,82 +76,76 @@ TEST(Label, LaysQuadsAlongThePenAt15Pixels)
   }
 }
 
-/// Labels in a column, in a state where one unit is one pixel, so that positions are pixels.
-struct Column
+/// Labels in a column.
+boost::intrusive_ptr<RenderTaxonLabels>
+column(const std::vector<std::pair<double, std::string>>& rows)
 {
-  void add(double row, const std::string& name) { labels->addText({0.0, row}, name); }
-  void resize(unsigned int size) { state->viewport({0, 0, size, size}); }
-
-  std::string kept()
+  boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
+  for (const auto& [row, name] : rows)
   {
-    const auto& kept = labels->getOrCreateTextForLevel(3, *state);
-    std::string names;
-    for (std::size_t i = kept.find_first(); i < kept.size(); i = kept.find_next(i))
-    {
-      names += labels->texts()[i]->text();
-    }
-    return names;
+    labels->addText({0.0, row}, name);
   }
+  return labels;
+}
 
-  boost::intrusive_ptr<RenderTaxonLabels> labels{new RenderTaxonLabels};
-  boost::intrusive_ptr<State> state{new State};
-};
+/// With identity matrices and a size of 2 one unit is one pixel, so that positions are pixels.
+boost::intrusive_ptr<State> stateOf(unsigned int size)
+{
+  boost::intrusive_ptr<State> state(new State);
+  state->viewport({0, 0, size, size});
+  return state;
+}
 
 TEST(Label, ThinningComparesWithTheLastLabelKept)
 {
-  // A capital is 23 * 0.46875 = 10.8 pixels high.
-  const std::vector<std::tuple<std::vector<double>, std::string, std::string>> cases = {
-      {{100.0, 95.0, 88.0}, "B", "AC"},
-      {{100.0, 95.0, 91.0}, "B", "A"}, // with A, not with B
-      {{100.0, 80.0, 60.0}, "B", "ABC"},
-      {{100.0, 99.0, 98.0}, "", "AC"}, // an empty label is kept and runs into nothing
-  };
-  for (const auto& [rows, middle, expected] : cases)
+  // A capital is 23 * 0.46875 = 10.8 pixels high. An empty label is kept and runs into nothing.
+  const std::vector<std::tuple<double, double, std::string, std::string>> cases = {
+      {95.0, 88.0, "B", "101"},
+      {95.0, 91.0, "B", "001"}, // C runs into A, not into B
+      {80.0, 60.0, "B", "111"},
+      {99.0, 98.0, "", "111"}};
+  for (const auto& [second, third, middle, expected] : cases)
   {
-    Column column;
-    column.add(rows[0], "A");
-    column.add(rows[1], middle);
-    column.add(rows[2], "C");
-    column.resize(2); // with identity matrices, a scale of one
-    EXPECT_EQ(column.kept(), expected);
-    column.resize(2000);
-    EXPECT_EQ(column.kept(), expected) << "a level is decided once";
+    const auto labels = column({{100.0, "A"}, {second, middle}, {third, "C"}});
+    for (const unsigned int size : {2u, 2000u}) // a level is decided once
+    {
+      std::string kept; // the last label first
+      to_string(labels->getOrCreateTextForLevel(3, *stateOf(size)), kept);
+      EXPECT_EQ(kept, expected) << second << " " << third;
+    }
   }
-  EXPECT_EQ(Column().kept(), "");
 }
 
 // The walk over what is in view against the walk over everything.
 TEST(Label, FindsTheLabelsOfARangeOfRows)
 {
   std::mt19937 random(99);
-  Column column;
-  double row = 3000.0;
-  for (int i = 0; i < 500; ++i)
+  std::vector<std::pair<double, std::string>> rows;
+  for (double row = 3000.0; rows.size() < 500; row -= 0.01 * double(random() % 1200))
   {
-    column.add(row, i % 7 == 0 ? "" : i % 2 == 0 ? "gjq" : "TEA");
-    row -= 0.01 * double(random() % 1200);
+    rows.emplace_back(row, rows.size() % 7 == 0 ? "" : rows.size() % 2 == 0 ? "gjq" : "TEA");
   }
-  column.resize(2);
-  const auto& texts = column.labels->texts();
-  const auto& kept = column.labels->getOrCreateTextForLevel(0, *column.state);
-  const auto matrix = column.state->getLocalToScreenMatrix();
+  const auto labels = column(rows);
+  const auto state = stateOf(2);
+  const auto& kept = labels->getOrCreateTextForLevel(0, *state);
+  const auto boxOf = [&](std::size_t i)
+  { return labels->texts()[i]->getBoundingBoxScreenSpace(state->getLocalToScreenMatrix()); };
   for (int round = 0; round < 300; ++round)
   {
     // Ends on the border of a label, or anywhere.
-    const Box2D border = texts[1 + random() % 499]->getBoundingBoxScreenSpace(matrix);
+    const Box2D border = boxOf(1 + random() % 499);
     const double low = round % 2 && border.valid() ? border.maximum.y : double(random() % 3000);
     const double high = low + double(random() % 600);
     std::vector<Text*> expected;
-    for (std::size_t i = 0; i < kept.size(); ++i)
+    for (std::size_t i = kept.find_first(); i < kept.size(); i = kept.find_next(i))
     {
-      const Box2D box = texts[i]->getBoundingBoxScreenSpace(matrix);
-      if (kept[i] && std::min(box.maximum.y, high) >= std::max(box.minimum.y, low))
+      if (std::min(boxOf(i).maximum.y, high) >= std::max(boxOf(i).minimum.y, low))
       {
-        expected.push_back(texts[i].get());
+        expected.push_back(labels->texts()[i].get());
       }
     }
     std::vector<Text*> found;
-    column.labels->findTextForLevel(0, *column.state, low, high, found);
+    labels->findTextForLevel(0, *state, low, high, found);
     EXPECT_EQ(found, expected) << "rows " << low << " to " << high;
   }
 }

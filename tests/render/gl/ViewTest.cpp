@@ -75,8 +75,8 @@ TEST_F(ViewPixels, DraggingMovesTheTreeWithThePointerAtEveryZoom)
     EXPECT_EQ(view->camera()->zoom(), zoomed) << "left wins over right";
     end.left = false;
     view->handleNavigation(end, start);
-    const double limit = view->camera()->maximumZoom();
-    EXPECT_NEAR(view->camera()->zoom(), std::min(zoomed * 1.4, limit), 1e-9);
+    EXPECT_NEAR(view->camera()->zoom(), std::min(zoomed * 1.4, view->camera()->maximumZoom()),
+                1e-9);
   }
 }
 
@@ -117,11 +117,10 @@ TEST_F(ViewPixels, AnyWindowSizeIsSafe)
   {
     SCOPED_TRACE(testing::Message() << w << " by " << h);
     view->resize(w, h);
-    EXPECT_NO_THROW(view->render());
-    EXPECT_NO_THROW(view->handleNavigation(end, MouseEvent()));
+    view->render();
+    view->handleNavigation(end, MouseEvent());
     view->handleZoom(0.12);
-    EXPECT_TRUE(std::isfinite(view->camera()->position().y));
-    EXPECT_TRUE(std::isfinite(view->camera()->zoom()));
+    EXPECT_TRUE(std::isfinite(view->camera()->position().y + view->camera()->zoom()));
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
   }
 }
@@ -129,10 +128,8 @@ TEST_F(ViewPixels, AnyWindowSizeIsSafe)
 TEST_F(ViewPixels, UpdatingAgainReplacesTheScene)
 {
   openView("((A,B),C);", 500, 300);
-  draw();
   const std::size_t objects = Helper::instanceManager.numberOfObjects();
   view->update();
-  draw();
   EXPECT_EQ(Helper::instanceManager.numberOfObjects(), objects);
   view->tree(boost::make_shared<orvex::Tree>());
   view->update();
