@@ -1,7 +1,10 @@
 #include "render/gl/SceneFixture.h"
 
 #include "foundation/InstanceManager.h"
+#include "render/CameraCladogram.h"
+#include "render/gl/CullVisitor.h"
 #include "render/gl/LineStrip.h"
+#include "render/gl/RenderGraph.h"
 #include "render/gl/Triangle.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +14,9 @@
 namespace
 {
 
+using namespace orvex::render;
 using namespace orvex::render::gl;
+using Kelmar::Math::Matrix44d;
 using orvex::test::Scene;
 
 /// A node and what is below it as indented text: the proxy's corners, then each line's.
@@ -91,6 +96,102 @@ TEST(Scene, KeepsNothingOfTheLayout)
   {
     EXPECT_EQ(type.find("Layout"), std::string::npos) << type;
   }
+}
+
+/// One culling pass in an area of 800 by 600 pixels, and what it should have chosen.
+class Pass
+{
+public:
+  Pass(const Scene& scene, double zoom, double pan, unsigned int level, unsigned int levels = 10,
+       bool alwaysHigh = false, bool drawText = true)
+      : _level(level), _levels(levels), _always(alwaysHigh)
+  {
+    const Viewport viewport{0, 0, 800, 600};
+    const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+    camera->updateZoomInformation(100000, 18, viewport);
+    camera->zoomByAmount(zoom - 1.0);
+    camera->pan(0.0, pan);
+    _state->viewport(viewport);
+    _state->modelViewMatrix(camera->viewMatrix(viewport));
+    _state->projectionMatrix(Matrix44d::orthographic(0, 800, 0, 600, -10, 10));
+    const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
+    settings->alwaysUseHighLod(alwaysHigh);
+    settings->drawText(drawText);
+    const boost::intrusive_ptr<CullVisitor> visitor(
+        new CullVisitor(_state.get(), level, levels, &graph, settings));
+    scene.builder.root()->accept(*visitor);
+  }
+
+  /// Proxies and opened nodes by the rules read one after the other, without a visitor.
+  void choose(const RenderNode& node, RenderGraph::Drawables& low,
+              RenderGraph::Drawables& high) const
+  {
+    const double bottom = screenY(node.boundingBox().minimum);
+    const double top = screenY(node.boundingBox().maximum);
+    if (bottom > 600.0 || top < 0.0)
+    {
+      return;
+    }
+    if (!_always && _level != _levels && _levels != 1 && node.lodFraction() <= 0.9 &&
+        node.lodFraction() * _levels > _level && (top - bottom) / 600.0 < 0.25)
+    {
+      low.push_back(node.lowLod());
+      return;
+    }
+    high.push_back(node.highLod());
+    for (const auto& child : node.children())
+    {
+      choose(dynamic_cast<const RenderNode&>(*child), low, high);
+    }
+  }
+
+  RenderGraph graph;
+
+private:
+  double screenY(const Point2D<double>& p) const
+  {
+    return (_state->getLocalToScreenMatrix() * Kelmar::Math::Vector3d(p.x, p.y, 0.0))[1];
+  }
+
+  unsigned int _level;
+  unsigned int _levels;
+  bool _always;
+  boost::intrusive_ptr<State> _state{new State};
+};
+
+TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
+{
+  const Scene scene(orvex::test::randomNewick(600, 7));
+  std::size_t proxies = 0;
+  const auto check = [&](const Pass& pass)
+  {
+    RenderGraph::Drawables low;
+    RenderGraph::Drawables high;
+    pass.choose(scene.lines(), low, high);
+    EXPECT_EQ(pass.graph.lowLod(), low);
+    EXPECT_EQ(pass.graph.highLod(), high);
+    proxies += low.size();
+    return low.size();
+  };
+  for (const unsigned int level : {0u, 1u, 3u, 7u, 9u, 10u, 12u})
+  {
+    for (const double zoom : {1.0, 2.5, 40.0})
+    {
+      for (const double pan : {0.0, 0.37, -0.45, 3.0})
+      {
+        SCOPED_TRACE(testing::Message() << "level " << level << " zoom " << zoom << " pan " << pan);
+        check(Pass(scene, zoom, pan, level));
+      }
+    }
+  }
+  EXPECT_GT(proxies, 300u) << "else this compares empty lists";
+  ASSERT_GT(check(Pass(scene, 1.0, 0.0, 0)), 3u);
+  EXPECT_EQ(check(Pass(scene, 1.0, 0.0, 10)), 0u) << "the greatest zoom";
+  EXPECT_EQ(check(Pass(scene, 1.0, 0.0, 0, 1)), 0u) << "only one level";
+  EXPECT_EQ(check(Pass(scene, 1.0, 0.0, 0, 10, true)), 0u) << "the user's switch";
+  EXPECT_TRUE(Pass(scene, 1.0, 0.0, 4, 10, false, false).graph.text().empty());
+  // No label is dropped: the pass before decided nothing.
+  EXPECT_EQ(Pass(scene, 60.0, 0.0, 4).graph.text().size(), 11u) << "58 pixels a leaf";
 }
 
 } // namespace
