@@ -9,25 +9,12 @@
 #include <string>
 #include <thread>
 
-/// An HTTP server on the loopback address, for the length of a test: on a given port, for which it
-/// waits up to a minute, or on a free one.
+/// An HTTP server on a free port of the loopback address, for the length of a test.
 class LoopbackServer : private boost::noncopyable
 {
 public:
-  explicit LoopbackServer(int port = 0)
+  LoopbackServer() : _port(server.bind_to_any_port("127.0.0.1"))
   {
-    // The library's own options would let two servers share a port.
-    server.set_socket_options(
-        [](socket_t socket)
-        {
-          const int on = 1;
-          setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-        });
-    for (int i = 0; port != 0 && i < 600 && !server.bind_to_port("127.0.0.1", port); ++i)
-    {
-      std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    }
-    _port = port != 0 ? port : server.bind_to_any_port("127.0.0.1");
     // A proxy of the machine that runs the tests has no part in them.
     setenv("no_proxy", "*", 1);
     _thread = std::thread([this] { server.listen_after_bind(); });
@@ -43,13 +30,22 @@ public:
     _thread.join();
   }
 
+  int port() const { return _port; }
   std::string url(const std::string& path = "") const
   {
     return "http://127.0.0.1:" + std::to_string(_port) + path;
   }
+  /// From now on all that is asked for over HTTP is asked of this server, as of a proxy. So a test
+  /// needs no port of a fixed number, which another program may have.
+  void standInForAllOthers() const
+  {
+    setenv("http_proxy", url().c_str(), 1);
+    setenv("no_proxy", "none.invalid", 1);
+  }
+  /// \param path  a regular expression; also what a proxy is asked for, with or without the host
   void answer(const std::string& path, const std::string& body, int status = 200)
   {
-    server.Get(path,
+    server.Get("(?:http://[^/]*)?" + path,
                [=](const httplib::Request&, httplib::Response& response)
                {
                  response.status = status;
@@ -60,6 +56,6 @@ public:
   httplib::Server server;
 
 private:
-  int _port = 0;
+  int _port;
   std::thread _thread;
 };

@@ -74,8 +74,8 @@ public:
 
   Value_impl() = default;
   explicit Value_impl(Variant&& variant) : _variant(std::move(variant)) {}
-  Value_impl(Value_impl&&) = default;
-  Value_impl& operator=(Value_impl&&) = default;
+  Value_impl(Value_impl&&) noexcept = default;
+  Value_impl& operator=(Value_impl&&) noexcept = default;
   ~Value_impl()
   {
     try
@@ -167,9 +167,9 @@ public:
   bool number_float(double value, const std::string&) { return _add(value); }
   bool string(std::string& value) { return _add(std::move(value)); }
   bool binary(std::vector<std::uint8_t>&) { return false; }
-  bool start_object(std::size_t) { return _open(Object()); }
+  bool start_object(std::size_t) { return _open<Object>(); }
   bool end_object() { return _close(); }
-  bool start_array(std::size_t) { return _open(Array()); }
+  bool start_array(std::size_t) { return _open<Array>(); }
   bool end_array() { return _close(); }
   bool key(std::string& name)
   {
@@ -201,10 +201,10 @@ private:
   }
 
   template <class Container>
-  bool _open(Container&& container)
+  bool _open()
   {
     Value& value = _place();
-    value = Value(typename Value::Variant(std::move(container)));
+    value = Value(typename Value::Variant(Container()));
     // Stays valid: a container grows only while none of its values is open.
     _containers.push_back(&value);
     return true;

@@ -32,7 +32,7 @@ Curl::Curl(const std::string& url, std::ostream* output, unsigned int timeoutMil
     throw std::runtime_error("Error 2742979881: stream is not valid.");
   }
   _configure(timeoutMilliseconds);
-  handle.release();
+  static_cast<void>(handle.release()); // it is this object's from here on
 }
 
 Curl::~Curl()

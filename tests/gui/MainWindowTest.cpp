@@ -230,7 +230,8 @@ TEST_F(MainWindow, OpensATreeOfTheServiceInPlaceOfTheShownOne)
     return window.viewer()->tree()->getNumberOfNodes();
   };
   {
-    LoopbackServer server(14444);
+    LoopbackServer server;
+    server.standInForAllOthers();
     server.answer("/trees", R"([{"id":8,"treeName":"bad"},{"id":-7,"treeName":"good"}])");
     server.answer("/trees/-7", R"({"root":{"name":"r","children":[]}})");
     server.answer("/trees/8", "{}");

@@ -2,62 +2,46 @@
 #include "foundation/Http.h"
 #include "service/TreeJson.h"
 #include "tree/NewickReader.h"
+#include "tree/TemporaryFolder.h"
 #include "tree/Tree.h"
-#include "tree/TreeData.h"
-#include "tree/TreeService.h"
 
 #include <gmock/gmock.h>
 
-#include <boost/asio/ip/tcp.hpp>
-#include <boost/filesystem.hpp>
 #include <boost/process.hpp>
 
 #include <csignal>
-#include <fstream>
 
 namespace
 {
 
-namespace fs = boost::filesystem;
 namespace process = boost::process;
 
-/// A folder beside a file that must not be served.
+/// A folder of trees beside a file that must not be served.
 class TreeServiceProgram : public testing::Test
 {
 protected:
   TreeServiceProgram()
   {
-    fs::create_directories(folder());
     setenv("no_proxy", "*", 1);
-    write(_home / "outside.nwk", "(secret,b);");
-    write(folder() / "b.nwk", "((a:1,\"\xff\n:2)x,c);");
-    write(folder() / "a.b.TRE", std::string(20000, '(') + "deep" + std::string(20000, ')'));
-    write(folder() / "0.nwk", "no tree");
-    write(folder() / "note.txt", "(no,tree)");
-    fs::create_symlink("../outside.nwk", folder() / "link.nwk");
+    _home.write("outside.nwk", "(secret,b);");
+    _home.write("trees/a.b.TRE", std::string(20000, '(') + "deep" + std::string(20000, ')'));
+    _home.write("trees/0.nwk", "no tree");
+    _home.write("trees/note.txt", "(no,tree)");
+    writeSmallTree();
+    boost::filesystem::create_symlink("../outside.nwk", _home.path("trees/link.nwk"));
   }
-  ~TreeServiceProgram() override { fs::remove_all(_home); }
 
-  static void write(const fs::path& file, const std::string& text)
-  {
-    std::ofstream(file.string()) << text;
-  }
-  fs::path folder() const { return _home / "trees"; }
+  std::string writeSmallTree() const { return _home.write("trees/b.nwk", "((a:1,\"\xff:2)x,c);"); }
+  std::string folder() const { return _home.path("trees"); }
   static process::child start(const std::vector<std::string>& arguments, process::ipstream& out,
                               process::ipstream& err)
   {
     return process::child(ORVEX_TREE_SERVICE_PROGRAM, process::args(arguments),
                           process::std_out > out, process::std_err > err);
   }
-  static int freePort()
-  {
-    boost::asio::io_context io;
-    const boost::asio::ip::tcp::acceptor acceptor(io, {boost::asio::ip::address_v4::loopback(), 0});
-    return acceptor.local_endpoint().port();
-  }
 
 private:
-  fs::path _home = fs::temp_directory_path() / fs::unique_path();
+  orvex::test::TemporaryFolder _home;
 };
 
 std::string download(const std::string& url)
@@ -71,10 +55,10 @@ TEST_F(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
 {
   for (const int signal : {SIGINT, SIGTERM})
   {
-    const std::string port = std::to_string(freePort());
+    const std::string port = std::to_string(LoopbackServer().port());
     const std::string url = "http://127.0.0.1:" + port;
     process::ipstream out, err;
-    process::child program = start({"--port", port, folder().string()}, out, err);
+    process::child program = start({"--port", port, folder()}, out, err);
     std::string line;
     std::getline(out, line);
     ASSERT_EQ(line, "serving 2 trees at " + url + "/trees");
@@ -86,7 +70,7 @@ TEST_F(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
               R"({"name":"a","children":[]},{"name":"\")"
               "\xef\xbf\xbd"
               R"(","children":[]}]},{"name":"c","children":[]}]}})");
-    const auto deep = orvex::NewickReader()((folder() / "a.b.TRE").string());
+    const auto deep = orvex::NewickReader()(folder() + "/a.b.TRE");
     EXPECT_TRUE(download(url + "/trees/2") == orvex::service::toJson(*deep));
     httplib::Client client("127.0.0.1", std::stoi(port));
     for (const char* path :
@@ -101,9 +85,9 @@ TEST_F(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
     EXPECT_EQ(client.Post("/trees")->status, 405);
     const httplib::Headers ranges{{"Range", "bytes=0-,0-"}};
     EXPECT_EQ(client.Get("/trees/3", ranges)->status, 416);
-    fs::remove(folder() / "b.nwk");
+    boost::filesystem::remove(writeSmallTree());
     EXPECT_EQ(client.Get("/trees/3")->status, 500);
-    write(folder() / "b.nwk", "((a:1,\"\xff\n:2)x,c);");
+    writeSmallTree();
 
     kill(program.id(), signal);
     program.wait();
@@ -118,7 +102,7 @@ TEST_F(TreeServiceProgram, SaysInOneLineWhyItDoesNotStart)
 {
   httplib::Server other;
   const std::string taken = std::to_string(other.bind_to_any_port("127.0.0.1"));
-  const std::string trees = folder().string();
+  const std::string trees = folder();
   for (const std::vector<std::string>& arguments :
        std::vector<std::vector<std::string>>{{},
                                              {trees, trees},

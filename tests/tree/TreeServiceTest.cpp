@@ -141,10 +141,12 @@ TEST(TreeService, IsAskedAtTheAddressOfTheBuild)
   boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
   Rows rows;
   {
-    LoopbackServer server(14444);
-    server.answer("/trees", R"([{"id":-7,"treeName":"seven"}])");
-    server.answer("/trees/-7", R"({"root":{"name":"r","children":[]}})");
-    server.answer("/trees/8", R"({"root":{"name":8,"children":[]}})");
+    const std::string url = orvex::treeServiceUrl;
+    LoopbackServer server;
+    server.standInForAllOthers();
+    server.answer(url + "/trees", R"([{"id":-7,"treeName":"seven"}])");
+    server.answer(url + "/trees/-7", R"({"root":{"name":"r","children":[]}})");
+    server.answer(url + "/trees/8", R"({"root":{"name":8,"children":[]}})");
     orvex::downloadTreeList(rows);
     ASSERT_EQ(describe(rows), "-7 seven;");
     document->loadFromHalvane(rows[0]->id);
@@ -164,18 +166,15 @@ TEST(TreeService, RefusesATreeDeeperThanTheStack)
   for (const unsigned int depth : {most, most + 1, 1'000'000u})
   {
     SCOPED_TRACE(depth);
-    std::string body = R"({"root":)";
+    std::string body;
+    std::string end;
     for (unsigned int i = 0; i < depth; ++i)
     {
       body += R"({"children":[)";
-    }
-    body += R"({"children":[]})";
-    for (unsigned int i = 0; i < depth; ++i)
-    {
-      body += "]}";
+      end += "]}";
     }
     LoopbackServer server;
-    server.answer("/trees/1", body + "}");
+    server.answer("/trees/1", R"({"root":)" + body + R"({"children":[]})" + end + "}");
     boost::shared_ptr<orvex::Tree> tree;
     const std::string error = errorOf([&] { tree = orvex::downloadTreeFrom(server.url(), 1); });
     EXPECT_EQ(bool(tree), depth <= most);

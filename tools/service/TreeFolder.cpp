@@ -95,7 +95,7 @@ boost::shared_ptr<Tree> TreeFolder::_read(const boost::filesystem::path& file) c
     throw std::runtime_error("it is no regular file");
   }
   NewickReader reader;
-  const boost::shared_ptr<Tree> tree = reader(real.string());
+  boost::shared_ptr<Tree> tree = reader(real.string());
   if (!tree)
   {
     throw std::runtime_error("it holds no tree");

@@ -137,7 +137,7 @@ void configure(httplib::Server& server, const TreeFolder& folder)
   server.set_read_timeout(5);
   server.set_write_timeout(5);
   server.new_task_queue = [] { return new httplib::ThreadPool(32); };
-  server.set_payload_max_length(64 * 1024);
+  server.set_payload_max_length(std::size_t(64) * 1024);
   // One request for each connection, so that a body no one reads is not taken for a request.
   server.set_keep_alive_max_count(1);
   // Before the library's routes, which match regular expressions on whatever a client sends.
