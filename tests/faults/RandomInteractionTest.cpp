@@ -142,7 +142,8 @@ private:
       service.reset();
       return;
     }
-    service = std::make_unique<LoopbackServer>(14444);
+    service = std::make_unique<LoopbackServer>();
+    service->standInForAllOthers();
     service->answer("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{}])");
     service->answer("/trees/1", R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
     service->answer("/trees/2", R"({"root":{"name":7}})");
