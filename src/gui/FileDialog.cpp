@@ -41,7 +41,7 @@ std::string FileDialog::_ask(const std::string& title, const Filters& filters, A
   {
     return std::string();
   }
-  const std::string name = fileName(chosen);
+  std::string name = fileName(chosen);
   _remember(title, name, selected);
   return name;
 }

@@ -23,6 +23,7 @@ class View : public Kelmar::Base::Referenced
 {
 public:
   View();
+  ~View() noexcept(false) override;
 
   /// Changes the camera by what the mouse did between two events.
   /// \throws std::runtime_error  if the view's matrices can't be inverted
@@ -44,9 +45,6 @@ public:
   DisplaySettings* settings() const { return _settings.get(); }
   /// Never null.
   CameraCladogram* camera() const { return _camera.get(); }
-
-protected:
-  ~View() noexcept(false) override;
 
 private:
   boost::shared_ptr<Tree> _tree;

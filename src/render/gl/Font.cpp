@@ -36,7 +36,7 @@ void copyBitmap(const FT_Bitmap& bitmap, Glyph& glyph)
 
 } // namespace Detail
 
-Font::Font(FT_Face face) : _face(face), _kernings(256 * 256)
+Font::Font(FT_Face face) : _face(face), _kernings(std::size_t(256) * 256)
 {
   FT_Set_Char_Size(_face, 0, 1024, 300, 300);
   // This is the size that counts.

@@ -21,15 +21,13 @@ class Font : public Kelmar::Base::Referenced
 public:
   /// Takes the face over.
   explicit Font(FT_Face face);
+  ~Font() noexcept(false) override;
 
   /// \return the glyph, owned by the font, or null if the face can't give it
   Glyph* getGlyph(char c);
 
   /// How far \p right moves when it follows \p left, in pixels.
   void getKerning(char left, char right, double& x, double& y);
-
-protected:
-  ~Font() noexcept(false) override;
 
 private:
   /// In pixels. Not a number until the pair was first asked for.

@@ -51,7 +51,7 @@ Font* FreeType::createFont(const std::string& filename)
   // The font owns the face only once it stands.
   std::unique_ptr<FT_FaceRec, FT_Error (*)(FT_Face)> guard(face, FT_Done_Face);
   Font* font = new Font(face);
-  guard.release();
+  static_cast<void>(guard.release());
   return font;
 }
 

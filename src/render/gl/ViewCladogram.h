@@ -25,6 +25,7 @@ class ViewCladogram : public View
 {
 public:
   ViewCladogram();
+  ~ViewCladogram() noexcept(false) override;
 
   void handleNavigation(const MouseEvent& current, const MouseEvent& last) override;
   void handleZoom(double amount) override;
@@ -39,9 +40,6 @@ public:
   const boost::intrusive_ptr<Node>& root() const { return _root; }
   const Viewport& mainViewport() const { return _mainViewport; }
   const Viewport& thumbnailViewport() const { return _thumbnailViewport; }
-
-protected:
-  ~ViewCladogram() noexcept(false) override;
 
 private:
   void _createThumbnailImage();
