@@ -95,6 +95,27 @@ BENCHMARK(frame)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
+/// A frame with the thumbnail's picture in its column, and with the column left black. Each in a
+/// view of its own, by a leaf more, since a picture that was made stays.
+void frameOfThumbnail(benchmark::State& state)
+{
+  View& view = viewOf(leavesOf(state) + static_cast<unsigned int>(state.range(1)), 0.0);
+  view.settings()->alwaysUseHighLod(false);
+  __GLEW_EXT_framebuffer_object = state.range(1) != 0;
+  view.resize(width, height);
+  draw(view);
+  for (auto _ : state)
+  {
+    draw(view);
+  }
+  __GLEW_EXT_framebuffer_object = GL_TRUE;
+}
+BENCHMARK(frameOfThumbnail)
+    ->ArgNames({"leaves", "picture"})
+    ->ArgsProduct({{100'000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
 /// The first frame after a resize makes the thumbnail's picture, of every line of the tree.
 void frameAfterResize(benchmark::State& state)
 {
