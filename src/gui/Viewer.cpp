@@ -12,6 +12,8 @@
 #include <QOpenGLFramebufferObject>
 #include <QWheelEvent>
 
+#include <stdexcept>
+
 namespace Lumbra
 {
 namespace Detail
@@ -62,6 +64,10 @@ MouseEvent toMouseEvent(const QMouseEvent& event, const QSize& size)
 
 Viewer::Viewer(QWidget* parent) : QGLWidget(Detail::multisampled(), parent)
 {
+  if (!isValid())
+  {
+    throw std::runtime_error("The tree can't be drawn: this display gives no OpenGL context.");
+  }
   makeCurrent();
   _view = new orvex::render::gl::ViewCladogram;
   setFocusPolicy(::Qt::ClickFocus);

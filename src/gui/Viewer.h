@@ -29,7 +29,8 @@ namespace Lumbra
 class Viewer : public QGLWidget, private boost::noncopyable
 {
 public:
-  /// Makes an OpenGL context of its own and leaves it current.
+  /// Makes an OpenGL context of its own and leaves it current. Throws std::runtime_error where the
+  /// display gives none.
   explicit Viewer(QWidget* parent);
   /// Makes its own context current, since another viewer's may be.
   ~Viewer() override;
