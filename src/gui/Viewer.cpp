@@ -9,6 +9,8 @@
 #include <QGLFormat>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QOpenGLContext>
+#include <QOpenGLExtraFunctions>
 #include <QOpenGLFramebufferObject>
 #include <QWheelEvent>
 
@@ -134,7 +136,12 @@ QImage Viewer::picture()
     return grabFrameBuffer(false);
   }
   QOpenGLFramebufferObject resolved(size() * devicePixelRatioF());
-  QOpenGLFramebufferObject::blitFramebuffer(&resolved, nullptr);
+  resolved.bind();
+  const QOpenGLContext* current = QOpenGLContext::currentContext();
+  QOpenGLExtraFunctions* gl = current->extraFunctions();
+  gl->glBindFramebuffer(GL_READ_FRAMEBUFFER, current->defaultFramebufferObject());
+  gl->glBlitFramebuffer(0, 0, resolved.width(), resolved.height(), 0, 0, resolved.width(),
+                        resolved.height(), GL_COLOR_BUFFER_BIT, GL_NEAREST);
   resolved.bind();
   QImage picture = grabFrameBuffer(false);
   resolved.release();

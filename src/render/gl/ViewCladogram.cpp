@@ -14,6 +14,9 @@
 
 #include <boost/core/noncopyable.hpp>
 
+#include <stdexcept>
+#include <string>
+
 namespace orvex::render::gl
 {
 namespace Detail
@@ -40,6 +43,16 @@ public:
 private:
   DisplaySettings& _settings;
 };
+
+#ifndef NDEBUG
+void requireNoError()
+{
+  if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+  {
+    throw std::logic_error("OpenGL error " + std::to_string(error) + " in or before a frame");
+  }
+}
+#endif
 
 } // namespace Detail
 
@@ -107,6 +120,9 @@ void ViewCladogram::render()
     _renderMainView(matrix);
   }
   glFlush();
+#ifndef NDEBUG
+  Detail::requireNoError();
+#endif
 }
 
 void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
