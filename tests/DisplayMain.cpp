@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
 int main(int argc, char** argv)
 {
   testing::InitGoogleTest(&argc, argv);
@@ -14,5 +18,10 @@ int main(int argc, char** argv)
   const Brevan::Application application(argc, argv);
   QCoreApplication::setOrganizationName("TesmarGroup");
   QCoreApplication::setApplicationName("Orvex Tree Viewer");
-  return RUN_ALL_TESTS();
+  const int result = RUN_ALL_TESTS();
+#ifdef __SANITIZE_ADDRESS__
+  // While those libraries are still loaded by whose names leaks of theirs are left out.
+  __lsan_do_leak_check();
+#endif
+  return result;
 }

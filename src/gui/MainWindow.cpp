@@ -48,7 +48,13 @@ MainWindow::MainWindow() : _ui(new Ui_MainWindow)
   emit viewerIsValid(false);
   setWindowTitle(QCoreApplication::applicationName());
   setWindowIcon(QIcon(":/Images/tesmar_icon.gif"));
+  const QSize usual = size();
   restoreGeometry(Tools::Qt::setting(Detail::GEOMETRY).toByteArray());
+  // Of a broken value Qt can make a window of one pixel, which no one would find.
+  if (size().expandedTo(minimumSizeHint()) != size())
+  {
+    resize(usual);
+  }
 }
 
 MainWindow::~MainWindow()

@@ -3,7 +3,6 @@
 #include "render/gl/GlCanvas.h"
 #include "tree/NewickReader.h"
 
-#include <QApplication>
 #include <QGLWidget>
 #include <QtTest/qtestsystem.h>
 
@@ -11,14 +10,7 @@
 
 namespace orvex::test
 {
-GlCanvas::GlCanvas()
-{
-  // Qt wants one application object for the process, made before any widget.
-  static int argc = 1;
-  static char name[] = "test-render-gl";
-  static char* argv[] = {name, nullptr};
-  static QApplication application(argc, argv);
-}
+GlCanvas::GlCanvas() = default;
 
 GlCanvas::~GlCanvas() = default;
 
