@@ -5,6 +5,7 @@ Usage: machine.py ORVEX-TREE-VIEWER ORVEX-SNAPSHOT"""
 import contextlib
 import pathlib
 import random
+import re
 import resource
 import signal
 import socketserver
@@ -22,6 +23,7 @@ NAME = "Orvex Tree Viewer"
 LOG = f".TesmarGroup/{NAME}/{NAME}.stdout"
 SETTINGS = f"config/TesmarGroup/{NAME}.ini"
 FAILED = "Error detected."
+LIST = b'[{"id":2,"treeName":"a"},{"id":1,"treeName":"b"}]'
 
 
 def fill_disk():
@@ -64,13 +66,13 @@ def export(main, name):
     gone("Export Image")
 
 
-def confirm(title):
+def confirm(title, key="Return"):
     window(title)
-    xdotool("key", "Return")
+    xdotool("key", key)
     gone(title)
 
 
-def full_disk(program, folder):
+def full_disk(folder, program):
     with viewer(program, folder, fill_disk) as main:
         shown = show(main, folder)
         export(main, folder / "picture.png")
@@ -81,7 +83,7 @@ def full_disk(program, folder):
         confirm("Error Loading File .*")
 
 
-def nothing_can_be_written(program, folder):
+def nothing_can_be_written(folder, program):
     (folder / LOG).mkdir(parents=True)
     with viewer(program, folder, XDG_CONFIG_HOME="/proc/none") as main:
         shown = show(main, folder)
@@ -89,7 +91,7 @@ def nothing_can_be_written(program, folder):
         stays(shown, main, folder)
 
 
-def garbage_in_settings(program, folder):
+def garbage_in_settings(folder, program):
     (folder / SETTINGS).parent.mkdir(parents=True)
     for garbage in (random.Random(5).randbytes(100_000),
                     b"[General]\nmain_window_geometry=@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x3)\n"
@@ -99,7 +101,7 @@ def garbage_in_settings(program, folder):
             show(main, folder)
 
 
-def homes(program, folder):
+def homes(folder, program):
     with viewer(program, folder, HOME=str(folder / "not/there")) as main:
         show(main, folder)
     assert (folder / "not/there" / LOG).exists()
@@ -111,42 +113,92 @@ def homes(program, folder):
         assert text.startswith("Error 1630567380: " + reason), text
 
 
-def no_opengl(program, folder):
+def no_opengl(folder, program):
     with viewer(program, folder, QT_XCB_GL_INTEGRATION="none") as main:
         open_file(main, folder / "wide.nwk")
         confirm("Error Loading File .*")
 
 
 class Answer(socketserver.BaseRequestHandler):
-    """Sends the server's pieces, a fifth of a second apart, and hangs up."""
+    """Sends what the server has for a request, a fifth of a second for each piece, and hangs up."""
 
     def handle(self):
-        self.request.recv(10_000)
-        for piece in self.server.pieces:
+        for piece in self.server.pieces(self.request.recv(10_000)):
             self.request.sendall(piece)
             time.sleep(0.2)
 
 
-def bad_service(program, folder):
-    """Stands in for the tree service as a proxy does."""
-    head = b"HTTP/1.0 200 OK\r\nContent-Length: %d\r\n\r\n"
-    trees = b'[{"id":1,"treeName":"a"}]'
+@contextlib.contextmanager
+def service():
+    """Stands in for the tree service, as a proxy does: the server, and the viewer's variables."""
     with socketserver.ThreadingTCPServer(("127.0.0.1", 0), Answer) as server:
         threading.Thread(target=server.serve_forever).start()
-        proxy = "http://127.0.0.1:%d" % server.server_address[1]
-        with viewer(program, folder, http_proxy=proxy, no_proxy="none.invalid") as main:
-            shown = show(main, folder)
-            for pieces, title in (([], FAILED), ([head % 1000, trees], FAILED),
-                                  ([random.Random(6).randbytes(9000)], FAILED),
-                                  ([head % len(trees), trees[:9], b"", trees[9:]], "Dialog")):
-                server.pieces = pieces
-                menu(main, 15, 2)
-                window(title)
-                xdotool("key", "Escape")
-                gone(title)
-                window(NAME)
-                stays(shown, main, folder)
+        yield server, {"http_proxy": "http://127.0.0.1:%d" % server.server_address[1],
+                       "no_proxy": "none.invalid"}
         server.shutdown()
+
+
+def good(body):
+    return b"HTTP/1.0 200 OK\r\nContent-Length: %d\r\n\r\n" % len(body) + body
+
+
+def bad_service(folder, program):
+    noise = random.Random(6).randbytes(9000)
+    with service() as (server, proxy), viewer(program, folder, **proxy) as main:
+        shown = show(main, folder)
+        for pieces, title in (([], FAILED), ([good(LIST)[:-9]], FAILED), ([noise], FAILED),
+                              ([good(LIST)[:60], b"", good(LIST)[60:]], "Dialog")):
+            server.pieces = lambda _: pieces
+            menu(main, 15, 2)
+            confirm(title, "Escape")
+            stays(shown, main, folder)
+
+
+def deepest(snapshot, folder):
+    """How many levels the stack allows, in the program's own words."""
+    (folder / "deep.nwk").write_text("(a," * 500_000 + "b" + ")" * 500_000)
+    words = subprocess.run([snapshot, "deep.nwk", "deep.png"], cwd=folder, text=True,
+                           env=environment(folder), capture_output=True).stderr
+    return int(re.search("At most ([0-9]+) levels can be shown", words)[1])
+
+
+def ladders(folder, program, snapshot):
+    """The deepest tree that there can be and one a level deeper, from the service and from a file,
+    in all that can be done with it."""
+    levels = deepest(snapshot, folder)
+
+    def from_service(levels):
+        tree = (b'{"name":"","children":[{"name":"a","children":[]},' * levels +
+                b'{"name":"b","children":[]}' + b"]}" * levels)
+        server.pieces = lambda request: [
+            good(b'{"root":%s}' % tree if b"/trees/1" in request else LIST)]
+        menu(main, 15, 2)
+        window("Dialog")
+        time.sleep(0.3)  # its list takes the keyboard
+        xdotool("key", "Down", "Down")
+        time.sleep(0.3)  # and shows the selected row
+        confirm("Dialog")
+
+    def from_file(levels):
+        (folder / "deep.nwk").write_text("(a," * levels + "b" + ")" * levels)
+        open_file(main, folder / "deep.nwk")
+
+    with service() as (server, proxy), viewer(program, folder, **proxy) as main:
+        for source, refused in ((from_service, FAILED), (from_file, "Error Loading File .*")):
+            source(levels + 1)
+            confirm(refused)
+            source(levels)
+            settled(main, folder)
+            menu(main, 60, 1)
+            confirm("Tree info")
+            window(NAME)
+            menu(main, 60, 2)
+            for _ in range(12):
+                xdotool("mousemove", "--window", main, 400, 300, "click", "--repeat", 10, 4)
+                screenshot(main, folder)
+            export(main, folder / "deep.png")
+            wait_for("the picture", (folder / "deep.png").exists)
+            (folder / "deep.png").unlink()
 
 
 def draw(snapshot, folder, font):
@@ -160,7 +212,7 @@ def draw(snapshot, folder, font):
     return pixels(folder / "wide.png")
 
 
-def bad_fonts(snapshot, folder):
+def bad_fonts(folder, snapshot):
     """Whatever the font, the lines of the tree are drawn as ever."""
     (folder / "wide.nwk").write_text(TREE)
     file = subprocess.run(["fc-match", "-f", "%{file}", "Arial"], check=True, text=True,
@@ -177,9 +229,11 @@ def bad_fonts(snapshot, folder):
 
 
 if __name__ == "__main__":
-    programs = [pathlib.Path(name).resolve() for name in sys.argv[1:3]]
+    executable, picture = (pathlib.Path(name).resolve() for name in sys.argv[1:3])
     with Display():
-        for scenario in (full_disk, nothing_can_be_written, garbage_in_settings, homes, no_opengl,
-                         bad_service, bad_fonts):
+        for scenario, *arguments in (
+                (full_disk, executable), (nothing_can_be_written, executable),
+                (garbage_in_settings, executable), (homes, executable), (no_opengl, executable),
+                (bad_service, executable), (ladders, executable, picture), (bad_fonts, picture)):
             with tempfile.TemporaryDirectory() as name:
-                scenario(programs[scenario is bad_fonts], pathlib.Path(name))
+                scenario(pathlib.Path(name), *arguments)
