@@ -16,7 +16,8 @@ namespace Detail
 {
 
 // The deepest recursion is the scene's: to walk or to destroy one level of it takes three to six
-// frames. Measured: under 500 bytes a level in an optimised build, under 1500 with the sanitizers.
+// frames. Measured in the whole program: 344 bytes a level in an optimised build, 1141 with the
+// sanitizers.
 #ifdef __has_feature
 #define ORVEX_HAS_FEATURE(feature) __has_feature(feature)
 #else
