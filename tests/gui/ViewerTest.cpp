@@ -61,35 +61,27 @@ protected:
 
 TEST_F(ShownViewer, DragsWithEachButtonAndModifier)
 {
-  struct Drag
-  {
-    const char* what;
-    Qt::MouseButtons held;
-    Qt::KeyboardModifiers modifiers;
-    double shift;
-    double zoom;
-  };
   const double pixels = 30.0 / (height - 16);
-  for (const Drag& drag : {
-           Drag{"left moves by the pixels of the mouse", Qt::LeftButton, {}, pixels, 1.0},
-           Drag{"right zooms", Qt::RightButton, {}, 0.0, 1.2},
-           Drag{"left with Meta is right", Qt::LeftButton, Qt::MetaModifier, 0.0, 1.2},
-           Drag{"left with Control is right", Qt::LeftButton, Qt::ControlModifier, 0.0, 1.2},
-           Drag{"left wins", Qt::LeftButton | Qt::RightButton, {}, pixels, 1.0},
-           Drag{"the modifier takes left away", Qt::LeftButton | Qt::RightButton, Qt::MetaModifier,
-                0.0, 1.2},
-           Drag{"middle does nothing", Qt::MiddleButton, {}, 0.0, 1.0},
-       })
+  using Buttons = Qt::MouseButtons;
+  for (const auto& [held, modifiers, moved, zoomed] : // a drag of 30 pixels moves, or zooms, or not
+       std::vector<std::tuple<Buttons, Qt::KeyboardModifiers, double, double>>{
+           {Qt::LeftButton, {}, pixels, 1.0},
+           {Qt::RightButton, {}, 0.0, 1.2},
+           {Qt::LeftButton, Qt::MetaModifier, 0.0, 1.2},
+           {Qt::LeftButton, Qt::ControlModifier, 0.0, 1.2},
+           {Qt::LeftButton | Qt::RightButton, {}, pixels, 1.0},
+           {Qt::LeftButton | Qt::RightButton, Qt::MetaModifier, 0.0, 1.2},
+           {Qt::MiddleButton, {}, 0.0, 1.0}})
   {
-    SCOPED_TRACE(drag.what);
-    mouse(QEvent::MouseButtonPress, 200, drag.held, drag.modifiers);
+    SCOPED_TRACE(testing::Message() << held << " with " << modifiers);
+    mouse(QEvent::MouseButtonPress, 200, held, modifiers);
     EXPECT_EQ(shift(), 0.0) << "a press only records where the drag starts";
-    mouse(QEvent::MouseMove, 170, drag.held, drag.modifiers);
-    EXPECT_NEAR(shift(), drag.shift, 1e-9);
-    EXPECT_NEAR(zoom(), drag.zoom, 1e-9);
-    mouse(QEvent::MouseButtonRelease, 20, Qt::NoButton, drag.modifiers);
-    mouse(QEvent::MouseMove, 120, drag.held, drag.modifiers);
-    EXPECT_NEAR(shift(), drag.shift, 1e-9) << "a drag starts anew after the release";
+    mouse(QEvent::MouseMove, 170, held, modifiers);
+    EXPECT_NEAR(shift(), moved, 1e-9);
+    EXPECT_NEAR(zoom(), zoomed, 1e-9);
+    mouse(QEvent::MouseButtonRelease, 20, Qt::NoButton, modifiers);
+    mouse(QEvent::MouseMove, 120, held, modifiers);
+    EXPECT_NEAR(shift(), moved, 1e-9) << "a drag starts anew after the release";
     mouse(QEvent::MouseButtonRelease, 120, Qt::NoButton);
     viewer->camera()->reset();
   }
@@ -112,11 +104,6 @@ TEST_F(ShownViewer, ZoomsByTheWheelAndGoesBackBySpace)
   EXPECT_NE(zoom(), 1.0);
   QTest::keyClick(viewer.get(), Qt::Key_Space);
   EXPECT_EQ(viewer->picture(), whole);
-}
-
-TEST_F(ShownViewer, TakesTheKeyboardWhenClicked)
-{
-  EXPECT_EQ(viewer->focusPolicy(), Qt::ClickFocus);
   QTest::mouseClick(viewer.get(), Qt::LeftButton);
   EXPECT_EQ(viewer->window()->focusWidget(), viewer.get());
 }
