@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdlib>
 #include <exception>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -32,6 +34,20 @@ std::string printed(Action action)
   action();
   std::cout.rdbuf(before);
   return out.str();
+}
+
+/// A new folder for the files of a test, below that of all temporary files.
+inline std::string newFolder()
+{
+  std::string name = "/tmp/orvex-test-XXXXXX";
+  return mkdtemp(name.data());
+}
+
+/// Writes a file. \return its path
+inline std::string written(const std::string& path, const std::string& contents)
+{
+  std::ofstream(path, std::ios_base::binary) << contents;
+  return path;
 }
 
 } // namespace orvex::test

@@ -8,15 +8,12 @@
 namespace
 {
 
-struct Plan
+thread_local struct
 {
-  bool armed;
-  bool failed;
-  FailingAllocator::Mode mode;
+  bool armed, failed, everAfter;
   long left;
   std::size_t leastSize;
-};
-thread_local Plan plan{};
+} plan{};
 
 bool isOurs(void* caller)
 {
@@ -33,16 +30,15 @@ bool refuses(std::size_t size, void* caller)
   {
     return false;
   }
-  plan.armed = plan.mode == FailingAllocator::FromThereOn;
-  plan.failed = true;
-  return true;
+  plan.armed = plan.everAfter;
+  return plan.failed = true;
 }
 
 } // namespace
 
-FailingAllocator::FailingAllocator(long n, Mode mode, std::size_t leastSize)
+FailingAllocator::FailingAllocator(long n, bool everAfter, std::size_t leastSize)
 {
-  plan = {true, false, mode, n, leastSize};
+  plan = {true, false, everAfter, n, leastSize};
 }
 
 FailingAllocator::~FailingAllocator()
@@ -50,25 +46,20 @@ FailingAllocator::~FailingAllocator()
   plan.armed = false;
 }
 
-bool FailingAllocator::failed()
+bool allocatorFailed()
 {
   return plan.failed;
 }
 
 void* operator new(std::size_t size)
 {
-  void* memory =
-      refuses(size, __builtin_return_address(0)) ? nullptr : std::malloc(size == 0 ? 1 : size);
-  if (!memory)
-  {
-    throw std::bad_alloc();
-  }
-  return memory;
+  void* memory = refuses(size, __builtin_return_address(0)) ? nullptr : std::malloc(size + 1);
+  return memory ? memory : throw std::bad_alloc();
 }
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
-  return std::malloc(size == 0 ? 1 : size);
+  return std::malloc(size + 1);
 }
 
 void operator delete(void* memory) noexcept

@@ -9,16 +9,11 @@
 class FailingAllocator : private boost::noncopyable
 {
 public:
-  enum Mode
-  {
-    Once,
-    FromThereOn
-  };
   /// \param leastSize  above 0: only calls by the program's own code for that many bytes count, not
   ///                   those of shared libraries
-  FailingAllocator(long n, Mode mode, std::size_t leastSize = 0);
+  FailingAllocator(long n, bool everAfter, std::size_t leastSize = 0);
   ~FailingAllocator();
-
-  /// Whether a call was refused.
-  static bool failed();
 };
+
+/// Whether a call was refused in the last scope.
+bool allocatorFailed();

@@ -46,11 +46,10 @@ TEST(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
       orvex::test::printed( // on objects that die while they are made, as they should
           [&]
           {
-            const FailingAllocator allocator(n, i % 2 ? FailingAllocator::Once
-                                                      : FailingAllocator::FromThereOn);
+            const FailingAllocator allocator(n, i % 2 == 0);
             error = orvex::test::errorOf(steps[i / 2]); // too short a text to need memory
           });
-      failed = FailingAllocator::failed();
+      failed = allocatorFailed();
       EXPECT_TRUE(error.empty() || (failed && error == "std::bad_alloc"));
       ASSERT_EQ(Helper::instanceManager.numberOfObjects(), 0u) << "allocation " << n;
     }

@@ -35,9 +35,9 @@ TEST_F(WindowMemory, ThatRunsOutIsABoxAndTheWindowGoesOn)
   for (bool failed = true; failed && n < 500; ++n)
   {
     {
-      const FailingAllocator allocator(n, FailingAllocator::Once, 65536);
+      const FailingAllocator allocator(n, false, 65536);
       window._documentOpen(name);
-      failed = FailingAllocator::failed();
+      failed = allocatorFailed();
     }
     // A stream keeps the exception to itself and only says that it can't go on.
     EXPECT_TRUE(failed

@@ -1,8 +1,5 @@
-#include "gui/Viewer.h"
-
-#include "DisplayTest.h"
+#include "gui/Window.h"
 #include "render/CameraCladogram.h"
-#include "tree/Document.h"
 
 #include <QTest>
 #include <QWheelEvent>
@@ -10,75 +7,70 @@
 namespace
 {
 
-constexpr int width = 400;
-constexpr int height = 300;
-
+/// A viewer in a window of its size, with a star of 300 leaves.
 class ShownViewer : public DisplayTest
 {
 protected:
   void SetUp() override
   {
     DisplayTest::SetUp();
-    std::string text = "(t0";
+    std::string text = "(t";
     for (int i = 1; i < 300; ++i)
     {
       text += ",t" + std::to_string(i);
     }
-    const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
-    document->read(file("wide.nwk", text + ");"));
-    viewer.reset(new Lumbra::Viewer(nullptr));
-    viewer->setAttribute(Qt::WA_DeleteOnClose, false);
-    viewer->tree(document->getTree());
-    viewer->updateScene();
-    viewer->resize(width, height);
-    viewer->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(viewer.get()));
+    window = std::make_unique<orvex::test::Window>();
+    window->_documentOpen(file("wide.nwk", text + ");"));
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    viewer = window->viewer();
   }
 
   void TearDown() override
   {
-    viewer.reset();
+    window.reset();
     DisplayTest::TearDown();
   }
 
   void mouse(QEvent::Type type, int y, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {})
   {
     QMouseEvent event(type, QPoint(10, y), Qt::LeftButton, held, modifiers);
-    QApplication::sendEvent(viewer.get(), &event);
+    QApplication::sendEvent(viewer, &event);
   }
 
   void wheel(QPoint turn)
   {
     QWheelEvent event(QPointF(5, 5), QPointF(5, 5), {}, turn, {}, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(viewer.get(), &event);
+    QApplication::sendEvent(viewer, &event);
   }
 
   double zoom() const { return viewer->camera()->zoom(); }
   double shift() const { return viewer->camera()->position().y + 0.5; }
 
-  std::unique_ptr<Lumbra::Viewer> viewer;
+  std::unique_ptr<orvex::test::Window> window;
+  Lumbra::Viewer* viewer = nullptr;
 };
 
 TEST_F(ShownViewer, DragsWithEachButtonAndModifier)
 {
-  const double pixels = 30.0 / (height - 16);
-  using Buttons = Qt::MouseButtons;
+  const double moves = 30.0 / (viewer->height() - 16);
+  const double zooms = 1.0 + 60.0 / viewer->height();
+  const Qt::MouseButtons both = Qt::LeftButton | Qt::RightButton;
   for (const auto& [held, modifiers, moved, zoomed] : // a drag of 30 pixels moves, or zooms, or not
-       std::vector<std::tuple<Buttons, Qt::KeyboardModifiers, double, double>>{
-           {Qt::LeftButton, {}, pixels, 1.0},
-           {Qt::RightButton, {}, 0.0, 1.2},
-           {Qt::LeftButton, Qt::MetaModifier, 0.0, 1.2},
-           {Qt::LeftButton, Qt::ControlModifier, 0.0, 1.2},
-           {Qt::LeftButton | Qt::RightButton, {}, pixels, 1.0},
-           {Qt::LeftButton | Qt::RightButton, Qt::MetaModifier, 0.0, 1.2},
-           {Qt::MiddleButton, {}, 0.0, 1.0}})
+       {std::tuple(Qt::MouseButtons(Qt::LeftButton), Qt::NoModifier, moves, 1.0),
+        std::tuple(Qt::MouseButtons(Qt::RightButton), Qt::NoModifier, 0.0, zooms),
+        std::tuple(Qt::MouseButtons(Qt::LeftButton), Qt::MetaModifier, 0.0, zooms),
+        std::tuple(Qt::MouseButtons(Qt::LeftButton), Qt::ControlModifier, 0.0, zooms),
+        std::tuple(both, Qt::NoModifier, moves, 1.0),
+        std::tuple(both, Qt::MetaModifier, 0.0, zooms),
+        std::tuple(Qt::MouseButtons(Qt::MiddleButton), Qt::NoModifier, 0.0, 1.0)})
   {
     SCOPED_TRACE(testing::Message() << held << " with " << modifiers);
     mouse(QEvent::MouseButtonPress, 200, held, modifiers);
     EXPECT_EQ(shift(), 0.0) << "a press only records where the drag starts";
     mouse(QEvent::MouseMove, 170, held, modifiers);
     EXPECT_NEAR(shift(), moved, 1e-9);
-    EXPECT_NEAR(zoom(), zoomed, 1e-9);
+    EXPECT_NEAR(zoom(), zoomed, 1e-7);
     mouse(QEvent::MouseButtonRelease, 20, Qt::NoButton, modifiers);
     mouse(QEvent::MouseMove, 120, held, modifiers);
     EXPECT_NEAR(shift(), moved, 1e-9) << "a drag starts anew after the release";
@@ -89,57 +81,37 @@ TEST_F(ShownViewer, DragsWithEachButtonAndModifier)
 
 TEST_F(ShownViewer, ZoomsByTheWheelAndGoesBackBySpace)
 {
+  const QImage whole = viewer->picture();
+  wheel({120, 0});
+  EXPECT_EQ(zoom(), 1.0) << "a sideways wheel is no zoom";
   wheel({0, 120});
   EXPECT_NEAR(zoom(), 1.12, 1e-12);
-  wheel({120, 0});
-  EXPECT_NEAR(zoom(), 1.12, 1e-12) << "a sideways wheel is no zoom";
-  wheel({0, -120});
-  EXPECT_EQ(zoom(), 1.0) << "the least zoom shows the whole tree";
-
-  const QImage whole = viewer->picture();
-  wheel({0, 840});
-  viewer->camera()->pan(0.0, 0.1);
   EXPECT_NE(viewer->picture(), whole);
-  QTest::keyClick(viewer.get(), Qt::Key_Return);
+  viewer->camera()->pan(0.0, 0.1);
+  QTest::mouseClick(viewer, Qt::LeftButton);
+  EXPECT_EQ(window->focusWidget(), viewer);
+  QTest::keyClick(viewer, Qt::Key_Return);
   EXPECT_NE(zoom(), 1.0);
-  QTest::keyClick(viewer.get(), Qt::Key_Space);
+  QTest::keyClick(viewer, Qt::Key_Space);
   EXPECT_EQ(viewer->picture(), whole);
-  QTest::mouseClick(viewer.get(), Qt::LeftButton);
-  EXPECT_EQ(viewer->window()->focusWidget(), viewer.get());
 }
 
 TEST_F(ShownViewer, WritesWhatItShowsOrNothing)
 {
   const QImage shown = viewer->picture();
-  for (const char* suffix : {"png", "bmp", "tif", "TIF", "jpg"})
+  for (const std::string suffix : {"png", "bmp", "tif", "TIF", "jpg"})
   {
-    SCOPED_TRACE(suffix);
-    const std::string name = path(std::string("a picture\xc3\xa9.") + suffix);
+    const std::string name = path("a picture\xc3\xa9." + suffix);
     viewer->writeImageFile(name);
     const QImage read(QString::fromStdString(name));
-    EXPECT_EQ(read.size(), QSize(width, height));
-    if (*suffix != 'j')
-    {
-      EXPECT_EQ(read.convertToFormat(shown.format()), shown);
-    }
+    EXPECT_EQ(read.size(), shown.size()) << suffix;
+    EXPECT_TRUE(suffix == "jpg" || read.convertToFormat(shown.format()) == shown) << suffix;
   }
   for (const char* name : {"picture", "picture.", "picture.nwk", "no/such/folder.png"})
   {
     viewer->writeImageFile(path(name));
     EXPECT_FALSE(std::ifstream(path(name))) << name;
   }
-}
-
-TEST_F(ShownViewer, LivesBesideAnotherAndShrinksToNothing)
-{
-  auto* second = new Lumbra::Viewer(nullptr);
-  second->show();
-  viewer->resize(width, 0);
-  viewer->resize(1, 1);
-  viewer->picture();
-  viewer.reset(); // while the second one's context is current
-  EXPECT_FALSE(second->picture().isNull());
-  delete second;
 }
 
 } // namespace

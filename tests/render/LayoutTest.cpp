@@ -71,12 +71,12 @@ TEST(Layout, AgreesWithItsDefinition)
   for (unsigned int seed = 1; seed <= 30; ++seed)
   {
     SCOPED_TRACE(seed);
-    const orvex::test::RandomTree random(seed, static_cast<int>(2 + seed * 7));
-    random.tree->setDistanceToParent(1, 100.0); // takes no part
-    const auto info = layOut(random.tree);
-    expectByDefinition(*random.tree, *info, 0, 0);
+    const auto tree = orvex::test::randomTree(seed, static_cast<int>(2 + seed * 7));
+    tree->setDistanceToParent(1, 100.0); // takes no part
+    const auto info = layOut(tree);
+    expectByDefinition(*tree, *info, 0, 0);
     std::vector<int> leaves;
-    random.tree->getLeafNodes(0, leaves);
+    tree->getLeafNodes(0, leaves);
     for (std::size_t i = 0; i < leaves.size(); ++i)
     {
       const double y = 1.0 - double(i) / double(leaves.size());

@@ -1,7 +1,7 @@
 #include "LoopbackServer.h"
+#include "Outcome.h"
 #include "service/TreeJson.h"
 #include "tree/NewickReader.h"
-#include "tree/TemporaryFolder.h"
 #include "tree/Tree.h"
 
 #include <gmock/gmock.h>
@@ -22,19 +22,22 @@ std::string textOf(process::ipstream& stream)
 
 TEST(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
 {
-  const orvex::test::TemporaryFolder home; // with a file that must not be served
-  home.write("outside.nwk", "(secret,b);");
-  home.write("trees/a.b.TRE", std::string(20000, '(') + "deep" + std::string(20000, ')'));
-  home.write("trees/0.nwk", "no tree");
-  home.write("trees/note.txt", "(no,tree)");
-  home.write("trees/b.nwk", "((a:1,\"\xff:2)x,c);");
-  boost::filesystem::create_symlink("../outside.nwk", home.path("trees/link.nwk"));
+  using orvex::test::written;
+  const std::string home = orvex::test::newFolder(); // with a file that must not be served
+  const std::string trees = home + "/trees";
+  boost::filesystem::create_directory(trees);
+  written(home + "/outside.nwk", "(secret,b);");
+  written(trees + "/a.b.TRE", std::string(20000, '(') + "deep" + std::string(20000, ')'));
+  written(trees + "/0.nwk", "no tree");
+  written(trees + "/note.txt", "(no,tree)");
+  written(trees + "/b.nwk", "((a:1,\"\xff:2)x,c);");
+  boost::filesystem::create_symlink("../outside.nwk", trees + "/link.nwk");
   for (const int signal : {SIGINT, SIGTERM})
   {
     const int port = LoopbackServer().port();
     process::ipstream out, err;
-    process::child program(ORVEX_TREE_SERVICE_PROGRAM, "--port", std::to_string(port),
-                           home.path("trees"), process::std_out > out, process::std_err > err);
+    process::child program(ORVEX_TREE_SERVICE_PROGRAM, "--port", std::to_string(port), trees,
+                           process::std_out > out, process::std_err > err);
     std::string line;
     std::getline(out, line);
     ASSERT_EQ(line, "serving 2 trees at http://127.0.0.1:" + std::to_string(port) + "/trees");
@@ -46,7 +49,7 @@ TEST(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
               R"({"name":"a","children":[]},{"name":"\")"
               "\xef\xbf\xbd"
               R"(","children":[]}]},{"name":"c","children":[]}]}})");
-    const auto deep = orvex::NewickReader()(home.path("trees/a.b.TRE"));
+    const auto deep = orvex::NewickReader()(trees + "/a.b.TRE");
     EXPECT_TRUE(client.Get("/trees/2")->body == orvex::service::toJson(*deep));
     for (const char* path :
          {"/", "/trees/", "/trees/1", "/trees/4", "/trees/02", "/trees/-1", "/trees/../outside.nwk",
@@ -58,9 +61,9 @@ TEST(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
     }
     EXPECT_EQ(client.Post("/trees")->status, 405);
     EXPECT_EQ(client.Get("/trees/3", {{"Range", "bytes=0-,0-"}})->status, 416);
-    boost::filesystem::rename(home.path("trees/b.nwk"), home.path("away"));
+    boost::filesystem::rename(trees + "/b.nwk", home + "/away");
     EXPECT_EQ(client.Get("/trees/3")->status, 500);
-    boost::filesystem::rename(home.path("away"), home.path("trees/b.nwk"));
+    boost::filesystem::rename(home + "/away", trees + "/b.nwk");
 
     kill(program.id(), signal);
     program.wait();
