@@ -57,27 +57,23 @@ private:
 /// Waits for the next modal dialog of a type and answers it, while the test's code waits for the
 /// answer. A dialog that never comes is a failure.
 template <class Dialog>
-class Answer
+struct Answer
 {
-public:
   explicit Answer(std::function<void(Dialog&)> answer)
   {
-    QObject::connect(&_timer, &QTimer::timeout,
+    QObject::connect(&timer, &QTimer::timeout,
                      [this, answer]
                      {
                        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
                        if (dialog && dialog->isVisible())
                        {
-                         _timer.stop();
-                         _seen = true;
+                         timer.stop();
                          answer(*dialog);
                        }
                      });
-    _timer.start(10);
+    timer.start(10);
   }
-  ~Answer() { EXPECT_TRUE(_seen) << "no such dialog was shown"; }
+  ~Answer() { EXPECT_FALSE(timer.isActive()) << "no such dialog was shown"; }
 
-private:
-  QTimer _timer;
-  bool _seen = false;
+  QTimer timer;
 };

@@ -1,25 +1,19 @@
 #pragma once
 
-#include <boost/core/noncopyable.hpp>
-
 #include <httplib.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <string>
 #include <thread>
 
 /// An HTTP server on a free port of the loopback address, for the length of a test.
-class LoopbackServer : private boost::noncopyable
+struct LoopbackServer
 {
-public:
-  LoopbackServer() : _port(server.bind_to_any_port("127.0.0.1"))
+  LoopbackServer() : port(server.bind_to_any_port("127.0.0.1"))
   {
-    // A proxy of the machine that runs the tests has no part in them.
-    setenv("no_proxy", "*", 1);
+    setenv("no_proxy", "*", 1); // a proxy of the machine that runs the tests has no part in them
     _thread = std::thread([this] { server.listen_after_bind(); });
-    // The port is open already; but what does not run yet can't be stopped.
-    while (!server.is_running())
+    while (!server.is_running()) // the port is open, but what does not run can't be stopped
     {
       std::this_thread::yield();
     }
@@ -30,10 +24,9 @@ public:
     _thread.join();
   }
 
-  int port() const { return _port; }
   std::string url(const std::string& path = "") const
   {
-    return "http://127.0.0.1:" + std::to_string(_port) + path;
+    return "http://127.0.0.1:" + std::to_string(port) + path;
   }
   /// From now on all that is asked for over HTTP is asked of this server, as of a proxy. So a test
   /// needs no port of a fixed number, which another program may have.
@@ -54,8 +47,8 @@ public:
   }
 
   httplib::Server server;
+  const int port;
 
 private:
-  int _port;
   std::thread _thread;
 };

@@ -37,14 +37,11 @@ TEST(Guard, WritesOneLineForAFailureAndGoesOn)
 TEST(UserDirectory, LosesOneSlashOfTheHomeDirectoryAndSaysWhatIsMissing)
 {
   const std::string before = Environment::get("HOME");
-  for (const auto& [home, expected] :
-       {std::pair("/home/user", "/home/user"), std::pair("/home/user/", "/home/user"),
-        std::pair("/home/user//", "/home/user/"), std::pair("/", "")})
+  for (const std::string expected : {"/home/user", "/home/user/", ""})
   {
-    setenv("HOME", home, 1);
+    setenv("HOME", (expected + "/").c_str(), 1);
     EXPECT_EQ(Directory::documents(), expected);
-    EXPECT_EQ(Directory::vendor("Vendor"), std::string(expected) + "/.Vendor");
-    EXPECT_EQ(Directory::program("Vendor", "a b"), std::string(expected) + "/.Vendor/a b");
+    EXPECT_EQ(Directory::program("Vendor", "a b"), expected + "/.Vendor/a b");
   }
   EXPECT_EQ(errorOf([] { Directory::program("", ""); }),
             "Error 3166677210: Empty program name given.");

@@ -34,7 +34,7 @@ TEST(TreeServiceProgram, ServesTheTreesOfItsFolderUntilASignal)
   boost::filesystem::create_symlink("../outside.nwk", trees + "/link.nwk");
   for (const int signal : {SIGINT, SIGTERM})
   {
-    const int port = LoopbackServer().port();
+    const int port = LoopbackServer().port;
     process::ipstream out, err;
     process::child program(ORVEX_TREE_SERVICE_PROGRAM, "--port", std::to_string(port), trees,
                            process::std_out > out, process::std_err > err);

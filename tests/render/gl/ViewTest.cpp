@@ -24,31 +24,12 @@ using orvex::test::randomNewick;
 
 using Colour = std::array<int, 3>;
 
-bool isLit(const Colour& c)
-{
-  return c[0] + c[1] + c[2] > 90;
-}
-
-bool isGreen(const Colour& c)
-{
-  return c == Colour{0, 255, 0};
-}
-
-bool isWhite(const Colour& c)
-{
-  return c == Colour{255, 255, 255};
-}
-
+const auto isLit = [](const Colour& c) { return c[0] + c[1] + c[2] > 90; };
+const auto isGreen = [](const Colour& c) { return c == Colour{0, 255, 0}; };
+const auto isWhite = [](const Colour& c) { return c == Colour{255, 255, 255}; };
+const auto isLine = [](const Colour& c) { return c[0] > 100; };
 // Where the rectangle covers black the fill alone leaves a dark blue.
-bool isBlue(const Colour& c)
-{
-  return c[2] > c[0] + 40;
-}
-
-bool isLine(const Colour& c)
-{
-  return c[0] > 100;
-}
+const auto isBlue = [](const Colour& c) { return c[2] > c[0] + 40; };
 
 /// A view in a window without multisampling, so that a pixel is drawn or it isn't.
 class View : public testing::Test
@@ -79,7 +60,6 @@ protected:
     view->render();
     read();
   }
-
   void read()
   {
     _pixels.resize(std::size_t(width * height * 3));
