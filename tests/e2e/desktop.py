@@ -129,10 +129,3 @@ class MainWindow:
     def export(self, name):
         self.menu(15, 3)
         confirm("Export Image", str(name))
-
-    def info(self):
-        self.menu(60, 1)
-        confirm("Tree info")
-
-    def always_show_tree(self):
-        self.menu(60, 2)

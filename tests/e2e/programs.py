@@ -235,8 +235,9 @@ def ladders(folder):
             confirm(refused)
             source(most)
             main.settled()
-            main.info()
-            main.always_show_tree()
+            main.menu(60, 1)
+            confirm("Tree info")
+            main.menu(60, 2)  # Always Show Tree
             for _ in range(12):
                 main.zoom(10)
                 main.screenshot()

@@ -6,8 +6,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QTest>
 #include <QTreeWidget>
 #include <QWheelEvent>
@@ -36,6 +34,11 @@ protected:
   }
 
   int below(int limit) { return static_cast<int>(random() % static_cast<unsigned int>(limit)); }
+  template <class Type>
+  Type oneOf(std::initializer_list<Type> list)
+  {
+    return *(list.begin() + below(static_cast<int>(list.size())));
+  }
 
   void makeFiles()
   {
@@ -52,31 +55,27 @@ protected:
 
   void event(Window& window)
   {
-    const auto oneIn = [this](int n) { return below(n) == 0; };
-    const int kind = below(16);
-    if (kind == 0 && oneIn(3))
+    const int kind = below(160);
+    if (kind < 2)
+    {
+      kind == 0 ? window._documentNew() : switchService();
+    }
+    else if (kind < 6)
     {
       window._documentOpen(files[std::size_t(below(8))]);
     }
-    else if (kind == 1 && oneIn(3))
+    else if (kind < 20)
     {
-      static const char* const actions[] = {"actionOpen", "actionInfo", "actionExport_Image",
-                                            "actionOpen_from_orvex_Halvane"};
-      triggerFromLoop(window.action(actions[below(4)]));
+      triggerFromLoop(window.action(kind < 10
+                                        ? oneOf({"actionOpen", "actionInfo", "actionExport_Image",
+                                                 "actionOpen_from_orvex_Halvane"})
+                                        : "actionAlways_Show_Tree"));
     }
-    else if (kind == 2)
-    {
-      triggerFromLoop(window.action("actionAlways_Show_Tree"));
-    }
-    else if (kind == 3 && oneIn(20))
-    {
-      oneIn(3) ? switchService() : window._documentNew();
-    }
-    else if (kind == 4)
+    else if (kind < 30)
     {
       resize(window);
     }
-    else if (kind > 4 && window.viewer())
+    else if (window.viewer())
     {
       inViewer(*window.viewer());
     }
@@ -86,17 +85,13 @@ protected:
 
   std::string unexpected;
   unsigned int seed = 0;
-  std::mt19937 random;
-  std::vector<std::string> files;
-  std::unique_ptr<LoopbackServer> service;
 
 private:
   void switchService()
   {
     if (service)
     {
-      service.reset();
-      return;
+      return service.reset();
     }
     service = std::make_unique<LoopbackServer>();
     service->standInForAllOthers();
@@ -110,36 +105,33 @@ private:
     const bool wide = below(50) == 0;
     const QSize size(1 + below(wide ? 3000 : 500), 1 + below(wide ? 2000 : 400));
     // A window's menu has a least size; the viewer alone can be smaller.
-    if (window.viewer() && below(2) == 0)
-    {
-      window.viewer()->resize(below(4) == 0 ? QSize(1, 1) : size);
-      return;
-    }
-    window.resize(size);
+    QWidget* widget =
+        window.viewer() && below(2) ? window.viewer() : static_cast<QWidget*>(&window);
+    widget->resize(widget != &window && below(4) == 0 ? QSize(1, 1) : size);
   }
 
   void inViewer(Lumbra::Viewer& viewer)
   {
     const QPointF at(below(600) - 50, below(500) - 50);
-    const Qt::MouseButton button = below(2) ? Qt::LeftButton : Qt::RightButton;
-    const Qt::KeyboardModifiers keys = below(4) ? Qt::NoModifier : Qt::ControlModifier;
-    const int kind = below(5);
-    if (kind < 3)
-    {
-      const QEvent::Type types[] = {QEvent::MouseButtonPress, QEvent::MouseMove,
-                                    QEvent::MouseButtonRelease};
-      QMouseEvent event(types[kind], at, button, kind == 2 ? Qt::NoButton : button, keys);
-      QCoreApplication::sendEvent(&viewer, &event);
-    }
-    else if (kind == 3)
+    const Qt::MouseButton button = oneOf({Qt::LeftButton, Qt::RightButton});
+    const auto keys = oneOf({Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier});
+    const auto type = oneOf({QEvent::MouseButtonPress, QEvent::MouseMove,
+                             QEvent::MouseButtonRelease, QEvent::Wheel, QEvent::KeyPress});
+    if (type == QEvent::Wheel)
     {
       QWheelEvent event(at, at, QPoint(), QPoint(below(200), below(100000) - 40000), button, keys,
                         Qt::NoScrollPhase, false);
       QCoreApplication::sendEvent(&viewer, &event);
     }
+    else if (type == QEvent::KeyPress)
+    {
+      QTest::keyClick(&viewer, oneOf({Qt::Key_A, Qt::Key_Space}));
+    }
     else
     {
-      QTest::keyClick(&viewer, below(3) ? Qt::Key_A : Qt::Key_Space);
+      const bool up = type == QEvent::MouseButtonRelease;
+      QMouseEvent event(type, at, button, up ? Qt::NoButton : button, keys);
+      QCoreApplication::sendEvent(&viewer, &event);
     }
   }
 
@@ -152,24 +144,20 @@ private:
     }
     if (auto* box = qobject_cast<QMessageBox*>(modal))
     {
-      const std::string text = confirm(*box);
       static const std::regex expected(
           "Tree info\\|Number of nodes: [0-9]+\nNumber of leaves: [0-9]+|"
           "Error Loading File .*\\|Error 2991944830: (Unexpected comma encountered|"
           "bad lexical cast.*|.*No such file or directory.*)\n|"
           "Error detected\\.\\|(Error 3886626924: .*connect.*|The tree service did not answer "
-          "with.*|"
-          "Node .*|boost::bad_get.*)");
-      if (!std::regex_match(text, expected))
-      {
-        unexpected += text + "\n";
-      }
+          "with.*|Node .*|boost::bad_get.*)");
+      const std::string text = confirm(*box);
+      unexpected += std::regex_match(text, expected) ? "" : text + "\n";
     }
     else if (auto* dialog = qobject_cast<QFileDialog*>(modal))
     {
       const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
-      const std::string name =
-          saves ? path("p" + std::to_string(_pictures++) + ".png") : files[std::size_t(below(7))];
+      const std::string name = saves ? path("p" + std::to_string(_pictures++) + ".png")
+                                     : files[std::size_t(below(7))]; // but for the missing one
       type(*dialog, below(4) == 0 ? "" : name);
     }
     else if (auto* list = qobject_cast<QDialog*>(modal))
@@ -180,6 +168,9 @@ private:
     }
   }
 
+  std::mt19937 random;
+  std::vector<std::string> files;
+  std::unique_ptr<LoopbackServer> service;
   QTimer _timer;
   int _pictures = 0;
 };
