@@ -197,7 +197,7 @@ def snapshots(folder):
     pictures = []
     for image, *options in (["1.png"], ["2.png", "--zoom", "4"], ["3.tif", "--all"],
                             ["4.bmp", "--zoom", "4", "--pan", "-0.3"],
-                            ["5.png", "--size", "1500x1300"]):
+                            ["5.TIF", "--size", "1500x1300"], ["6.jpg", "--zoom", "9"]):
         assert snapshot(folder, "t.nwk", image, *options).stderr == ""
         pictures.append(pixels(folder / image))
         assert pictures.count(pictures[-1]) == 1, options

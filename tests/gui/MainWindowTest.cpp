@@ -46,7 +46,8 @@ void choose(Window& window, const char* action, const std::string& name)
 
 TEST_F(MainWindow, OpensShowsAndExportsATree)
 {
-  Window window;
+  std::optional<Window> owner(std::in_place);
+  Window& window = *owner;
   EXPECT_EQ(window.size(), QSize(800, 600));
   EXPECT_EQ(window.windowIcon().pixmap(64, 64).size(), QSize(63, 64));
   EXPECT_FALSE(window.action("actionOpen").icon().pixmap(32).isNull());
@@ -73,9 +74,22 @@ TEST_F(MainWindow, OpensShowsAndExportsATree)
     EXPECT_EQ(always.isChecked(), on);
     EXPECT_EQ(window.viewer()->settings()->alwaysUseHighLod(), on);
   }
-  window._documentOpen(file("five.nwk", fiveNodes));
+  const auto* first = window.viewer();
+  choose(window, "actionOpen", "");
+  EXPECT_EQ(window.viewer(), first) << "cancelling changes nothing";
+  const std::size_t objects = Helper::instanceManager.numberOfObjects();
+  window._documentOpen(file("five.nwk", fiveNodes)); // the first waits for its deletion
   EXPECT_FALSE(window.viewer()->settings()->alwaysUseHighLod()) << "a new viewer starts anew";
   EXPECT_TRUE(always.isChecked()) << "the mark is written by the action only";
+  deleteWhatIsDoomed();
+  EXPECT_EQ(window.findChildren<QGLWidget*>().size(), 1);
+  EXPECT_LE(Helper::instanceManager.numberOfObjects(), objects) << "no glyph was drawn yet";
+  window.resize(640, 500);
+  window.action("actionQuit").trigger();
+  EXPECT_FALSE(window.isVisible());
+  window._documentOpen(path("five.nwk"));
+  owner.reset(); // before the replaced viewer is deleted
+  EXPECT_EQ(Window().size(), QSize(640, 500)) << "as the last one was left";
 }
 
 TEST_F(MainWindow, ShowsWhyAFileCantBeReadAndKeepsNoTree)
@@ -99,30 +113,6 @@ TEST_F(MainWindow, ShowsWhyAFileCantBeReadAndKeepsNoTree)
     window.action(name).trigger(); // a box would wait for ever
   }
   EXPECT_EQ(log(), "");
-}
-
-TEST_F(MainWindow, KeepsOneViewerAtMost)
-{
-  std::optional<Window> owner(std::in_place);
-  Window& window = *owner;
-  window.show();
-  const std::string name = file("five.nwk", fiveNodes);
-  choose(window, "actionOpen", name);
-  const auto* first = window.viewer();
-  const std::size_t objects = Helper::instanceManager.numberOfObjects();
-  choose(window, "actionOpen", "");
-  EXPECT_EQ(window.viewer(), first) << "cancelling changes nothing";
-  window._documentOpen(name); // the old viewer's deletion waits for the event loop
-  choose(window, "actionOpen", name);
-  deleteWhatIsDoomed();
-  EXPECT_EQ(window.findChildren<QGLWidget*>().size(), 1);
-  EXPECT_EQ(Helper::instanceManager.numberOfObjects(), objects);
-  window.resize(640, 500);
-  window.action("actionQuit").trigger();
-  EXPECT_FALSE(window.isVisible());
-  window._documentOpen(name); // the window goes before the old viewer is deleted
-  owner.reset();
-  EXPECT_EQ(Window().size(), QSize(640, 500)) << "as the last one was left";
 }
 
 TEST_F(MainWindow, OpensATreeOfTheServiceInPlaceOfTheShownOne)

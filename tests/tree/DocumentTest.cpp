@@ -2,12 +2,9 @@
 
 #include "Outcome.h"
 #include "tree/Tree.h"
-#include "tree/TreeDepth.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
-
-#include <sys/resource.h>
 
 namespace
 {
@@ -34,22 +31,6 @@ TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
     EXPECT_EQ(document->getTree(), nullptr) << "a file without a tree is no failure";
     EXPECT_EQ(first.use_count(), 1);
   }
-}
-
-TEST(Document, KnowsTheStackAsItIs)
-{
-  const unsigned int few = orvex::maximumTreeDepth();
-  rlimit before{};
-  ASSERT_EQ(getrlimit(RLIMIT_STACK, &before), 0);
-  const rlimit large{std::min(before.rlim_max, rlim_t(512) << 20), before.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_STACK, &large), 0); // as the program does
-  const unsigned int most = orvex::maximumTreeDepth();
-  EXPECT_GT(most, few);
-  EXPECT_EQ(errorOf([&] { orvex::requireShallow(most); }), "");
-  EXPECT_EQ(errorOf([&] { orvex::requireShallow(most + 1); }),
-            "The tree is " + std::to_string(most + 1) + " levels deep. At most " +
-                std::to_string(most) + " levels can be shown.");
-  ASSERT_EQ(setrlimit(RLIMIT_STACK, &before), 0);
 }
 
 } // namespace

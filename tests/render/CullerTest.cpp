@@ -5,28 +5,12 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace
 {
 
 using Kelmar::Math::Matrix44d;
 using orvex::render::Box2D;
 using orvex::render::Culler2D;
-
-TEST(Box, GrowsWithWhatIsAdded)
-{
-  using Point = orvex::render::Point2D<double>;
-  Box2D grown;
-  EXPECT_FALSE(grown.valid());
-  grown.add(Point{2.0, -3.0});
-  grown.add(Point{1.0, 4.0});
-  grown.add(Point{std::nan(""), 5.0});
-  grown.add(Box2D{{9.0, 0.0}, {8.0, 0.0}}); // not valid
-  grown.add(Box2D{{0.0, 0.0}, {1.5, 6.0}});
-  EXPECT_TRUE(grown.minimum.x == 0.0 && grown.minimum.y == -3.0);
-  EXPECT_TRUE(grown.maximum.x == 2.0 && grown.maximum.y == 6.0);
-}
 
 TEST(Culler, CullsWhatTheViewDoesNotShow)
 {
