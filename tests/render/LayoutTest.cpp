@@ -1,6 +1,6 @@
+#include "generator/TreeGenerator.h"
 #include "render/LayoutCladogram.h"
 #include "tree/NewickReader.h"
-#include "tree/RandomTree.h"
 #include "tree/Tree.h"
 
 #include <boost/make_shared.hpp>
@@ -68,19 +68,20 @@ TEST(Layout, AgreesWithItsDefinition)
   EXPECT_THROW(two->layoutInfoForNode(6), std::out_of_range);
   EXPECT_FALSE(two->layoutInfoForNode(0).boundingBox.valid()) << "a tree left behind";
   expectPoint(two->layoutInfoForNode(5).position, 1.0, 0.75); // four leaves are in the store
-  for (unsigned int seed = 1; seed <= 30; ++seed)
+  using orvex::tools::TreeShape;
+  for (unsigned int leaves = 1; leaves < 200; leaves += leaves / 4 + 1)
   {
-    SCOPED_TRACE(seed);
-    const auto tree = orvex::test::randomTree(seed, static_cast<int>(2 + seed * 7));
-    tree->setDistanceToParent(1, 100.0); // takes no part
+    SCOPED_TRACE(leaves);
+    const TreeShape shapes[] = {TreeShape::Random, TreeShape::Polytomy, TreeShape::Ladder};
+    const auto tree = orvex::NewickReader().parseContents(
+        orvex::tools::TreeGenerator(leaves).newick(shapes[leaves % 3], leaves, true));
     const auto info = layOut(tree);
     expectByDefinition(*tree, *info, 0, 0);
-    std::vector<int> leaves;
-    tree->getLeafNodes(0, leaves);
-    for (std::size_t i = 0; i < leaves.size(); ++i)
+    std::vector<int> ids;
+    tree->getLeafNodes(0, ids);
+    for (unsigned int i = 0; i < leaves; ++i)
     {
-      const double y = 1.0 - double(i) / double(leaves.size());
-      expectPoint(info->layoutInfoForNode(leaves[i]).position, 1.0, y);
+      expectPoint(info->layoutInfoForNode(ids[i]).position, 1.0, 1.0 - double(i) / leaves);
     }
   }
 }
