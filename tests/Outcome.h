@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace orvex::test
 {
@@ -36,11 +39,18 @@ std::string printed(Action action)
   return out.str();
 }
 
-/// A new folder for the files of a test, below that of all temporary files.
+/// A new folder for the files of a test; it goes when the program ends.
 inline std::string newFolder()
 {
+  static struct Folders : std::vector<std::string>
+  {
+    ~Folders()
+    {
+      std::for_each(begin(), end(), [](auto& f) { std::filesystem::remove_all(f); });
+    }
+  } folders;
   std::string name = "/tmp/orvex-test-XXXXXX";
-  return mkdtemp(name.data());
+  return folders.emplace_back(mkdtemp(name.data()));
 }
 
 /// Writes a file. \return its path

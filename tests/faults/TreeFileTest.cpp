@@ -26,7 +26,7 @@ int leavesShown(const std::string& name)
 TEST(TreeFile, TruncatedAtAnyByteIsATree)
 {
   const std::string whole = "((a:1.5e-3,b:-2)x:1,(c:4,(d,e)y)z:0.5);\n";
-  const std::string name = testing::TempDir() + "/truncated.nwk";
+  const std::string name = orvex::test::newFolder() + "/truncated.nwk";
   int leaves = 0;
   for (std::size_t length = 0; length <= whole.size(); ++length)
   {
@@ -39,7 +39,7 @@ TEST(TreeFile, TruncatedAtAnyByteIsATree)
 
 TEST(TreeFile, ThatChangesWhileItIsReadIsATreeOrARefusal)
 {
-  const std::string name = testing::TempDir() + "/changing.nwk";
+  const std::string name = orvex::test::newFolder() + "/changing.nwk";
   std::string half = "(a";
   for (int i = 0; i < 20000; ++i)
   {

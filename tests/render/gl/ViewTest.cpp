@@ -1,8 +1,10 @@
 #include "render/gl/OpenGL.h"
 
 #include "render/MouseEvent.h"
+#include "render/gl/Image.h"
 #include "render/gl/RenderGraph.h"
 #include "render/gl/SceneFixture.h"
+#include "render/gl/Texture2D.h"
 #include "render/gl/Triangle.h"
 #include "render/gl/ViewCladogram.h"
 
@@ -123,6 +125,7 @@ TEST_F(View, LeafLinesLieInTheirRowsAndLabelsBesideThem)
   const auto label = find(isLit, leaves + 2, leaves + 20, row - 20, row + 20);
   EXPECT_NEAR(label.end - label.low, 11, 2) << "a capital in an em of 15 pixels";
   EXPECT_NEAR((label.low + label.end) / 2.0, row, 1.5) << "its centre is at the leaf";
+  EXPECT_GT(label.count, 25) << "strokes, not outlines of squares";
   view->camera()->pan(0.0, 3.0);
   draw();
   EXPECT_EQ(find(isLit, 50).count, 0) << "moved out of sight";
@@ -178,6 +181,22 @@ TEST_F(View, ProxyIsAnOutline)
   read();
   EXPECT_EQ(find(isLit, 55, 65, 45, 55).count, 0) << "a proxy is not filled";
   EXPECT_GT(find(isGreen).count, 150) << "three edges of some 80 pixels each";
+}
+
+TEST_F(View, TexturesHoldTheirImage)
+{
+  open("(a,b);", 100, 100);
+  const boost::intrusive_ptr<Image> image(new Image);
+  image->init(3, 2, GL_RGB); // rows of nine bytes, which no alignment but one fits
+  const std::string pixels = "three by two RGBs!";
+  std::copy(pixels.begin(), pixels.end(), image->buffer());
+  const boost::intrusive_ptr<Texture2D> texture(new Texture2D(image));
+  texture->apply();
+  std::string back(18, ' ');
+  glPixelStorei(GL_PACK_ALIGNMENT, 1);
+  glGetTexImage(GL_TEXTURE_2D, 0, GL_RGB, GL_UNSIGNED_BYTE, back.data());
+  EXPECT_EQ(back, pixels);
+  EXPECT_THROW(image->init(5, 5, GL_DEPTH_COMPONENT), std::runtime_error);
 }
 
 TEST_F(View, ThumbnailsRectangleFollowsZoomAndPan)
