@@ -160,10 +160,9 @@ class Answer(socketserver.BaseRequestHandler):
 def service():
     """Stands in for the tree service, as a proxy does: the server, and the viewer's variables."""
     with socketserver.ThreadingTCPServer(("127.0.0.1", 0), Answer) as server:
-        threading.Thread(target=server.serve_forever).start()
+        threading.Thread(target=server.serve_forever, daemon=True).start()
         yield server, {"http_proxy": "http://127.0.0.1:%d" % server.server_address[1],
                        "no_proxy": "none.invalid"}
-        server.shutdown()
 
 
 def good(body):
