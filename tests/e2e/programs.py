@@ -3,12 +3,14 @@
 fails them. Usage: programs.py FOLDER-OF-PROGRAMS"""
 
 import contextlib
+import http.client
 import os
 import pathlib
 import random
 import re
 import resource
 import signal
+import socket
 import socketserver
 import subprocess
 import sys
@@ -76,28 +78,82 @@ def use(folder):
         assert key in settings, settings
 
 
+@contextlib.contextmanager
+def serving(trees, port=14444, end=signal.SIGTERM):
+    """The real tree service with two trees, up to a good end; a list that has then what it wrote."""
+    server = subprocess.Popen([PROGRAMS / "orvex-tree-service", "--port", str(port), trees],
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+    written = []
+    try:
+        assert server.stdout.readline() == f"serving 2 trees at http://127.0.0.1:{port}/trees\n"
+        yield written
+        server.send_signal(end)
+        written.append(server.communicate(timeout=PATIENCE)[1])
+        assert server.returncode == 0
+    finally:
+        server.kill()
+
+
 def real_service(folder):
     """The tree looks the same as the file opened directly; a dead server leaves it shown."""
     (folder / "trees").mkdir()
     (folder / "trees/first.nwk").write_text("(a" + ",b" * 50 + ");")
     (folder / "trees/wide.nwk").write_text(TREE)
-    server = subprocess.Popen([PROGRAMS / "orvex-tree-service", folder / "trees"],
-                              stdout=subprocess.PIPE, text=True)
-    try:
-        assert server.stdout.readline().startswith("serving 2 trees")
-        with viewer(folder) as main:
-            direct = main.show()
-            main.show("trees/first.nwk")
+    with viewer(folder) as main:
+        direct = main.show()
+        main.show("trees/first.nwk")
+        with serving(folder / "trees"):
             main.open_second_of_service()
             main.stays(direct)
-            server.terminate()
-            assert server.wait(timeout=PATIENCE) == 0
-            main.menu(15, 2)
-            confirm(FAILED)
-            main.stays(direct)
-    finally:
-        server.kill()
+        main.menu(15, 2)
+        confirm(FAILED)
+        main.stays(direct)
     assert "Error 8033290760: Error 3886626924: " in (folder / LOG).read_text()
+
+
+def service_answers(folder):
+    trees = folder / "trees"
+    trees.mkdir()
+    (folder / "outside.nwk").write_text("(secret,b);")
+    (trees / "link.nwk").symlink_to("../outside.nwk")
+    (trees / "a.b.TRE").write_text("(" * 20000 + "deep" + ")" * 20000)
+    (trees / "0.nwk").write_text("no tree")
+    (trees / "note.txt").write_text("(no,tree)")
+    (trees / "b.nwk").write_bytes(b'((a:1,"\xff:2)x,c);')
+
+    def asked(path, method="GET", **headers):
+        connection = http.client.HTTPConnection("127.0.0.1", port, timeout=PATIENCE)
+        connection.request(method, path, headers=headers)
+        answer = connection.getresponse()
+        return answer.status, answer.read().decode()
+
+    def node(name, *children):
+        return '{"name":"%s","children":[%s]}' % (name, ",".join(children))
+
+    deep = node("deep")
+    for _ in range(20000):
+        deep = node("", deep)
+    small = node("", node("x", node("a"), node('\\"\ufffd')), node("c"))
+    with socket.create_server(("127.0.0.1", 0)) as free:
+        port = free.getsockname()[1]
+    for end in (signal.SIGINT, signal.SIGTERM):
+        with serving(trees, port, end) as written:
+            for path, answer in (
+                    ("/trees", '[{"id":2,"treeName":"a.b"},{"id":3,"treeName":"b"}]'),
+                    ("/trees/2", '{"root":%s}' % deep), ("/trees/3", '{"root":%s}' % small)):
+                assert asked(path) == (200, answer), path
+            for path in ("/", "/trees/", "/trees/1", "/trees/4", "/trees/02", "/trees/-1",
+                         "/trees/../outside.nwk", "/trees/%2e%2e%2foutside.nwk", "/trees/b.nwk",
+                         "/trees/3%00"):
+                status, answer = asked(path)
+                assert status == 404 and re.fullmatch('{"error":".+"}', answer), path
+            assert asked("/trees", "POST")[0] == 405
+            assert asked("/trees/3", Range="bytes=0-,0-")[0] == 416
+            (trees / "b.nwk").rename(folder / "away")
+            assert asked("/trees/3")[0] == 500
+            (folder / "away").rename(trees / "b.nwk")
+        assert "0.nwk is left out: it holds no tree" in written[0]
+        assert "link.nwk is left out: it leads out of the folder" in written[0]
 
 
 def homes(folder):
@@ -188,36 +244,65 @@ def ladder(levels):
     return "(a," * levels + "b" + ")" * levels
 
 
-def snapshot(folder, *arguments, **variables):
-    return subprocess.run([PROGRAMS / "orvex-snapshot", *arguments], cwd=folder, text=True,
+def run(folder, program, *arguments, **variables):
+    return subprocess.run([PROGRAMS / program, *arguments], cwd=folder, text=True,
                           capture_output=True, env=environment(folder, **variables))
 
 
 def snapshots(folder):
     (folder / "t.nwk").write_text(TREE)
-    (folder / "empty.nwk").write_text("")
     pictures = []
     for image, *options in (["1.png"], ["2.png", "--zoom", "4"], ["3.tif", "--all"],
                             ["4.bmp", "--zoom", "4", "--pan", "-0.3"],
                             ["5.TIF", "--size", "1500x1300"], ["6.jpg", "--zoom", "9"]):
-        assert snapshot(folder, "t.nwk", image, *options).stderr == ""
+        assert run(folder, "orvex-snapshot", "t.nwk", image, *options).stderr == ""
         pictures.append(pixels(folder / image))
         assert pictures.count(pictures[-1]) == 1, options
     assert {picture[:2] for picture in pictures} == {(1000, 600), (1500, 1300)}
+    examples = list(pathlib.Path(__file__).parents[2].glob("examples/*.nwk"))
+    assert len(examples) > 3
+    for example in examples:
+        run(folder, "orvex-snapshot", example, "example.png").check_returncode()
+
+
+def generated_trees(folder):
+    """They are the same on every machine."""
+    def made(*arguments):
+        return run(folder, "orvex-generate", *arguments).stdout
+
+    assert made("random", "4", "--lengths") == (
+        "((Nordel_homus19:0.91268,Peru_zeni24:0.21477):0.89250,"
+        "(Xaor_cifi01:0.04573,Zegal_bama78:0.18283):0.89516);\n")
+    assert made("polytomy", "90") != made("polytomy", "90", "--seed", "7")
+    assert re.fullmatch(r"(\(\w+,){999}\w+\){999};\n", made("ladder", "1000"))
+
+
+def wrong_arguments(folder):
+    """What can't be done is told in one line, and leaves no file."""
+    (folder / "t.nwk").write_text("(a,b);")
+    (folder / "empty.nwk").write_text("")
     before = sorted(folder.iterdir())
-    for arguments in ("t.nwk", "t.nwk x.png y.png", "none.nwk x.png", "empty.nwk x.png",
-                      "t.nwk x.xyz", "t.nwk no/x.png", "t.nwk x.png --size 0x5",
-                      "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue"):
-        refused = snapshot(folder, *arguments.split())
-        assert refused.returncode == 1 and refused.stderr.count("\n") == 1, refused
-    assert sorted(folder.iterdir()) == before, "bad input leaves no file"
+    with socket.create_server(("127.0.0.1", 0)) as taken:
+        for program, *cases in (
+                ("orvex-snapshot", "t.nwk", "t.nwk x.png y.png", "none.nwk x.png",
+                 "empty.nwk x.png", "t.nwk x.xyz", "t.nwk no/x.png", "t.nwk x.png --size 0x5",
+                 "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue"),
+                ("orvex-generate", "", "star", "star 3 4", "star x", "star -3", "star 3x", "star 0",
+                 "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sed 4"),
+                ("orvex-tree-service", "", ". .", "--port", f"--port {taken.getsockname()[1]} .",
+                 "--port 0 .", "--port 65536 .", "--port 80x .", "--verbose .", "none", "t.nwk")):
+            for arguments in cases:
+                refused = run(folder, program, *arguments.split())
+                assert refused.returncode == 1 and re.fullmatch(
+                    program + ": [^\n]+\n", refused.stderr), refused
+    assert sorted(folder.iterdir()) == before
 
 
 def ladders(folder):
     """The deepest tree that there can be and one a level deeper, from the service and from a file,
     in all that can be done with it."""
     (folder / "deep.nwk").write_text(ladder(500_000))
-    words = snapshot(folder, "deep.nwk", "deep.png").stderr
+    words = run(folder, "orvex-snapshot", "deep.nwk", "deep.png").stderr
     most = int(re.search("At most ([0-9]+) levels can be shown", words)[1])
 
     def from_service(levels):
@@ -252,8 +337,8 @@ def bad_fonts(folder):
     """Whatever the one font of the machine is, the tree is drawn."""
     def draw(font):
         (folder / "fonts/font.ttf").write_bytes(font)
-        assert snapshot(folder, "wide.nwk", "tree.png",
-                        FONTCONFIG_FILE=str(folder / "fonts.conf")).returncode == 0
+        assert run(folder, "orvex-snapshot", "wide.nwk", "tree.png",
+                   FONTCONFIG_FILE=str(folder / "fonts.conf")).returncode == 0
         return pixels(folder / "tree.png")
 
     (folder / "wide.nwk").write_text(TREE)
@@ -275,8 +360,9 @@ def bad_fonts(folder):
 if __name__ == "__main__":
     os.environ["no_proxy"] = "*"
     with Display():
-        for scenario in (use, real_service, homes, nothing_can_be_written, garbage_in_settings,
-                         no_opengl, bad_service, snapshots, ladders, bad_fonts):
+        for scenario in (use, real_service, service_answers, homes, nothing_can_be_written,
+                         garbage_in_settings, no_opengl, bad_service, snapshots, generated_trees,
+                         wrong_arguments, ladders, bad_fonts):
             print(scenario.__name__, flush=True)
             with tempfile.TemporaryDirectory() as name:
                 scenario(pathlib.Path(name))
