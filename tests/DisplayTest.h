@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Outcome.h"
 #include "foundation/InstanceManager.h"
 
 #include <gtest/gtest.h>
@@ -7,41 +8,31 @@
 #include <QApplication>
 #include <QDialog>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTimer>
 
-#include <fstream>
 #include <functional>
-#include <iostream>
-#include <sstream>
 
 /// Real windows under a home directory of the test's own. At the end no counted object may be left.
 class DisplayTest : public testing::Test
 {
 protected:
-  void SetUp() override
+  DisplayTest()
   {
-    qputenv("HOME", _home.path().toLocal8Bit());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, _home.path());
-    _before = std::cout.rdbuf(_log.rdbuf());
+    setenv("HOME", _home.c_str(), 1);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(_home));
   }
 
-  void TearDown() override
+  ~DisplayTest() override
   {
     std::cout.rdbuf(_before);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(Helper::instanceManager.numberOfObjects(), _objects);
   }
 
-  std::string path(const std::string& name) const
-  {
-    return _home.path().toStdString() + "/" + name;
-  }
-
+  std::string path(const std::string& name) const { return _home + "/" + name; }
   std::string file(const std::string& name, const std::string& text) const
   {
-    std::ofstream(path(name)) << text;
-    return path(name);
+    return orvex::test::written(path(name), text);
   }
 
   /// What was written to std::cout so far.
@@ -49,9 +40,9 @@ protected:
 
 private:
   std::size_t _objects = Helper::instanceManager.numberOfObjects();
-  QTemporaryDir _home;
+  std::string _home = orvex::test::newFolder();
   std::ostringstream _log;
-  std::streambuf* _before = nullptr;
+  std::streambuf* _before = std::cout.rdbuf(_log.rdbuf());
 };
 
 /// Waits for the next modal dialog of a type and answers it, while the test's code waits for the

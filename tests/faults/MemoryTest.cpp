@@ -1,40 +1,100 @@
-#include "FailingAllocator.h"
 #include "Outcome.h"
-#include "foundation/InstanceManager.h"
+#include "gui/Window.h"
 #include "render/gl/FreeType.h"
 #include "render/gl/SceneFixture.h"
 #include "tree/TreeData.h"
 #include "tree/TreeService.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include <functional>
+#include <cstdlib>
+#include <new>
+
+extern char __executable_start, etext; // where the linker puts the program's own code
 
 namespace
 {
 
-// Lets each allocation of a step fail in turn, until the step needs no more of them.
-TEST(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
+using namespace orvex::test;
+
+thread_local struct
 {
-  using orvex::test::Scene;
+  bool armed, failed, everAfter;
+  long left;
+  std::size_t leastSize;
+} plan{};
+
+/// Does something while operator new of this thread fails at its n-th call, counted from 0: then
+/// only, or then and ever after.
+/// \param leastSize  above 0: only calls by the program's own code for that many bytes count, not
+///                   those of shared libraries
+/// \return whether a call was refused
+template <class Action>
+bool failsAtAllocation(long n, bool everAfter, std::size_t leastSize, Action action)
+{
+  plan = {true, false, everAfter, n, leastSize};
+  action();
+  plan.armed = false;
+  return plan.failed;
+}
+
+bool refuses(std::size_t size, const void* caller)
+{
+  const bool isOurs = caller > &__executable_start && caller < &etext;
+  if (!plan.armed || size < plan.leastSize || (plan.leastSize > 0 && !isOurs) || plan.left-- > 0)
+  {
+    return false;
+  }
+  plan.armed = plan.everAfter;
+  return plan.failed = true;
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+  void* memory = refuses(size, __builtin_return_address(0)) ? nullptr : std::malloc(size + 1);
+  return memory ? memory : throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+  return std::malloc(size + 1);
+}
+
+void operator delete(void* memory) noexcept
+{
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+  std::free(memory);
+}
+
+namespace
+{
+
+using Memory = DisplayTest;
+
+// Lets each allocation of a step fail in turn, until the step needs no more of them.
+TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
+{
+  using orvex::render::gl::FreeType;
   const std::string newick = "((alpha:1,a name longer than a small string:2)x,(c,(d,e)):3);";
   const auto tree = orvex::NewickReader().parseContents(newick);
   const std::string body = R"({"root":{"name":"a name longer than a small string","children":[
       {"children":[]},{"children":[{"name":"b","children":[]}]}]}})";
   const std::string list = R"([{"id":1,"treeName":"a name longer than a small string"},{"id":2}])";
+  std::vector<boost::shared_ptr<orvex::TreeData>> rows;
   const std::function<void()> steps[] = {
       [&] { orvex::NewickReader().parseContents(newick); }, [&] { Scene{tree}; },
       [&]
       {
-        orvex::render::gl::FreeType::destroy(); // so that the font is loaded again
+        FreeType::destroy(); // so that the font is loaded again
         Scene{tree};
       },
-      [&] { orvex::readTree(body, "url"); },
-      [&]
-      {
-        std::vector<boost::shared_ptr<orvex::TreeData>> rows;
-        orvex::readTreeList(list, "url", rows);
-      }};
+      [&] { orvex::readTree(body, "url"); }, [&] { orvex::readTreeList(list, "url", rows); }};
   for (int i = 0; i < 10; ++i)
   {
     SCOPED_TRACE(i);
@@ -42,21 +102,47 @@ TEST(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
     int n = 0;
     for (; failed && n < 5000; ++n)
     {
+      rows = {};
       std::string error;
-      orvex::test::printed( // on objects that die while they are made, as they should
-          [&]
-          {
-            const FailingAllocator allocator(n, i % 2 == 0);
-            error = orvex::test::errorOf(steps[i / 2]); // too short a text to need memory
-          });
-      failed = allocatorFailed();
+      failed = failsAtAllocation(n, i % 2 == 0, 0, [&] { error = errorOf(steps[i / 2]); });
       EXPECT_TRUE(error.empty() || (failed && error == "std::bad_alloc"));
       ASSERT_EQ(Helper::instanceManager.numberOfObjects(), 0u) << "allocation " << n;
     }
     EXPECT_FALSE(failed) << "at last there was memory enough";
     EXPECT_GT(n, 10);
   }
-  orvex::render::gl::FreeType::destroy();
+  FreeType::destroy();
+}
+
+// Only large allocations fail: those of the tree, its layout and its scene, not those of Qt and of
+// the OpenGL driver, which do not stand it.
+TEST_F(Memory, ThatRunsOutIsABoxAndTheWindowGoesOn)
+{
+  const std::string name = file("large.nwk", "(a" + std::string(20000, ',') + ");");
+  const std::string start = "Error Loading File " + name + "|Error 2991944830: ";
+  Window window;
+  window.show();
+  const std::size_t base = Helper::instanceManager.numberOfObjects();
+  int n = 0;
+  for (bool failed = true; failed && n < 500; ++n)
+  {
+    const std::string box = boxAfter(
+        [&]
+        {
+          failed = failsAtAllocation(n, false, 65536, [&] { window._documentOpen(name); });
+          failed ? void() : window.action("actionInfo").trigger();
+        });
+    // A stream keeps the exception to itself and only says that it can't go on.
+    EXPECT_TRUE(failed
+                    ? box == start + "std::bad_alloc\n" || box == start + "Could not read file.\n"
+                    : box.substr(0, 9) == "Tree info")
+        << n << box;
+    window._documentNew();
+    deleteWhatIsDoomed();
+    ASSERT_EQ(Helper::instanceManager.numberOfObjects(), base);
+  }
+  EXPECT_GT(n, 10);
+  EXPECT_LT(n, 500) << "at last the tree is shown";
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "render/gl/OpenGL.h"
 
 #include "LoopbackServer.h"
+#include "generator/TreeGenerator.h"
 #include "gui/Window.h"
 #include "render/CameraCladogram.h"
 
@@ -20,122 +21,61 @@ namespace
 
 using namespace orvex::test;
 
+std::mt19937 chance;
+
+int below(int limit)
+{
+  return static_cast<int>(chance() % static_cast<unsigned int>(limit));
+}
+
+template <class Type>
+Type oneOf(std::initializer_list<Type> list)
+{
+  return *(list.begin() + below(static_cast<int>(list.size())));
+}
+
 /// Does at random what a user can do, and answers every dialog.
 class RandomInteraction : public DisplayTest
 {
 protected:
   RandomInteraction()
   {
-    const QByteArray given = qgetenv("ORVEX_SEED");
-    seed = given.isEmpty() ? 20260704 : given.toUInt();
-    random.seed(seed);
-    QObject::connect(&_timer, &QTimer::timeout, [this] { answerDialog(); });
+    QObject::connect(&_timer, &QTimer::timeout, [this] { _answerDialog(); });
     _timer.start(1);
   }
 
-  int below(int limit) { return static_cast<int>(random() % static_cast<unsigned int>(limit)); }
-  template <class Type>
-  Type oneOf(std::initializer_list<Type> list)
+  /// But for the last one, which is missing, any file can be chosen in a dialog.
+  std::string anyFile(int files)
   {
-    return *(list.begin() + below(static_cast<int>(list.size())));
+    using namespace orvex::tools;
+    static const std::string bushy = TreeGenerator(3).newick(TreeShape::Random, 800, true);
+    static const std::pair<const char*, std::string> all[] = {
+        {"five.nwk", "((a,b),c);"}, {"bushy.tre", bushy},      {"one.nwk", "("},
+        {"empty.nwk", ""},          {"bad.nwk", "a,b"},        {"length.nwk", "(a:x,b);"},
+        {"tree.txt", "(a,b);"},     {"missing.nwk", "no file"}};
+    const int chosen = below(files);
+    return chosen == 7 ? path(all[7].first) : file(all[chosen].first, all[chosen].second);
   }
 
-  void makeFiles()
+  /// Starts or ends the tree service.
+  void switchService()
   {
-    std::string star = "(a";
-    for (int i = 0; i < 400; ++i)
+    if (_service)
     {
-      star += ",(b" + std::to_string(i) + ",c:2)";
+      return _service.reset();
     }
-    files = {file("five.nwk", "((a,b),c);"), file("star.tre", star + ");"),
-             file("one.nwk", "("),           file("empty.nwk", ""),
-             file("bad.nwk", "a,b"),         file("length.nwk", "(a:x,b);"),
-             file("tree.txt", "(a,b);"),     path("missing.nwk")};
-  }
-
-  void event(Window& window)
-  {
-    const int kind = below(160);
-    if (kind < 2)
-    {
-      kind == 0 ? window._documentNew() : switchService();
-    }
-    else if (kind < 6)
-    {
-      window._documentOpen(files[std::size_t(below(8))]);
-    }
-    else if (kind < 20)
-    {
-      triggerFromLoop(window.action(kind < 10
-                                        ? oneOf({"actionOpen", "actionInfo", "actionExport_Image",
-                                                 "actionOpen_from_orvex_Halvane"})
-                                        : "actionAlways_Show_Tree"));
-    }
-    else if (kind < 30)
-    {
-      resize(window);
-    }
-    else if (window.viewer())
-    {
-      inViewer(*window.viewer());
-    }
-    QCoreApplication::processEvents();
-    deleteWhatIsDoomed();
+    _service = std::make_unique<LoopbackServer>();
+    _service->standInForAllOthers();
+    _service->answer("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{}])");
+    _service->answer("/trees/1",
+                     R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
+    _service->answer("/trees/2", R"({"root":{"name":7}})");
   }
 
   std::string unexpected;
-  unsigned int seed = 0;
 
 private:
-  void switchService()
-  {
-    if (service)
-    {
-      return service.reset();
-    }
-    service = std::make_unique<LoopbackServer>();
-    service->standInForAllOthers();
-    service->answer("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{}])");
-    service->answer("/trees/1", R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
-    service->answer("/trees/2", R"({"root":{"name":7}})");
-  }
-
-  void resize(Window& window)
-  {
-    const bool wide = below(50) == 0;
-    const QSize size(1 + below(wide ? 3000 : 500), 1 + below(wide ? 2000 : 400));
-    // A window's menu has a least size; the viewer alone can be smaller.
-    QWidget* widget =
-        window.viewer() && below(2) ? window.viewer() : static_cast<QWidget*>(&window);
-    widget->resize(widget != &window && below(4) == 0 ? QSize(1, 1) : size);
-  }
-
-  void inViewer(Lumbra::Viewer& viewer)
-  {
-    const QPointF at(below(600) - 50, below(500) - 50);
-    const Qt::MouseButton button = oneOf({Qt::LeftButton, Qt::RightButton});
-    const auto keys = oneOf({Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier});
-    const auto type = oneOf({QEvent::MouseButtonPress, QEvent::MouseMove,
-                             QEvent::MouseButtonRelease, QEvent::Wheel, QEvent::KeyPress});
-    if (type == QEvent::Wheel)
-    {
-      QWheelEvent event(at, at, QPoint(), QPoint(below(200), below(100000) - 40000), button, keys,
-                        Qt::NoScrollPhase, false);
-      QCoreApplication::sendEvent(&viewer, &event);
-    }
-    else if (type == QEvent::KeyPress)
-    {
-      QTest::keyClick(&viewer, oneOf({Qt::Key_A, Qt::Key_Space}));
-    }
-    else
-    {
-      const bool up = type == QEvent::MouseButtonRelease;
-      QMouseEvent event(type, at, button, up ? Qt::NoButton : button, keys);
-      QCoreApplication::sendEvent(&viewer, &event);
-    }
-  }
-
-  void answerDialog()
+  void _answerDialog()
   {
     QWidget* modal = QApplication::activeModalWidget();
     if (!modal || !modal->isVisible())
@@ -156,8 +96,7 @@ private:
     else if (auto* dialog = qobject_cast<QFileDialog*>(modal))
     {
       const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
-      const std::string name = saves ? path("p" + std::to_string(_pictures++) + ".png")
-                                     : files[std::size_t(below(7))]; // but for the missing one
+      const std::string name = saves ? path(std::to_string(chance()) + ".png") : anyFile(7);
       type(*dialog, below(4) == 0 ? "" : name);
     }
     else if (auto* list = qobject_cast<QDialog*>(modal))
@@ -168,25 +107,67 @@ private:
     }
   }
 
-  std::mt19937 random;
-  std::vector<std::string> files;
-  std::unique_ptr<LoopbackServer> service;
+  std::unique_ptr<LoopbackServer> _service;
   QTimer _timer;
-  int _pictures = 0;
 };
 
 TEST_F(RandomInteraction, BreaksNothing)
 {
+  const QByteArray given = qgetenv("ORVEX_SEED");
+  const unsigned int seed = given.isEmpty() ? 20260704 : given.toUInt();
   std::fprintf(stderr, "ORVEX_SEED=%u\n", seed);
-  makeFiles();
+  chance.seed(seed);
   Window window;
   window.show();
   const std::size_t base = Helper::instanceManager.numberOfObjects();
+  const auto target = [&]() -> QWidget&
+  { return window.viewer() ? *window.viewer() : static_cast<QWidget&>(window); };
+  const auto place = [] { return QPoint(below(600) - 50, below(500) - 50); };
+  const auto keys = [] { return oneOf({Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier}); };
+  const auto mouse = [&](QEvent::Type type)
+  {
+    const auto button = oneOf({Qt::LeftButton, Qt::RightButton});
+    const bool up = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, place(), button, up ? Qt::NoButton : button, keys());
+    QCoreApplication::sendEvent(&target(), &event);
+  };
+  const std::function<void()> events[] = {
+      [&] { window._documentNew(); },
+      [&] { switchService(); },
+      [&] { window._documentOpen(anyFile(8)); },
+      [&]
+      {
+        triggerFromLoop(window.action(oneOf(
+            {"actionOpen", "actionInfo", "actionExport_Image", "actionOpen_from_orvex_Halvane"})));
+      },
+      [&] { triggerFromLoop(window.action("actionAlways_Show_Tree")); },
+      [&]
+      {
+        QWidget& widget = below(2) ? target() : window;
+        widget.resize(below(50) == 0  ? QSize(1 + below(3000), 1 + below(2000))
+                      : below(4) == 0 ? QSize(1, 1) // which only the viewer alone can be
+                                      : QSize(1 + below(500), 1 + below(400)));
+      },
+      [&]
+      {
+        QWheelEvent event(place(), place(), QPoint(), QPoint(below(200), below(100000) - 40000),
+                          Qt::NoButton, keys(), Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&target(), &event);
+      },
+      [&] {
+        QTest::keyClick(&target(), oneOf({Qt::Key_A, Qt::Key_Space}));
+      },
+      [&] { mouse(QEvent::MouseButtonPress); },
+      [&] { mouse(QEvent::MouseMove); },
+      [&] { mouse(QEvent::MouseButtonRelease); }};
+  std::discrete_distribution<std::size_t> kinds{1, 1, 4, 4, 10, 10, 26, 26, 26, 26, 26};
   int shown = 0;
   for (int i = 0; i < 10000; ++i)
   {
     SCOPED_TRACE(testing::Message() << "event " << i << " of seed " << seed);
-    event(window);
+    events[kinds(chance)]();
+    QCoreApplication::processEvents();
+    deleteWhatIsDoomed();
     ASSERT_EQ(unexpected, "");
     if (Lumbra::Viewer* viewer = window.viewer())
     {

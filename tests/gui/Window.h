@@ -46,20 +46,11 @@ inline std::string boxAfter(const std::function<void()>& action)
   return text;
 }
 
-/// Triggers from the event loop, as a user does: only there is the net under events.
+/// Triggers by a posted event: only under events is the net.
 inline void triggerFromLoop(QAction& action)
 {
-  bool triggered = false;
-  QTimer::singleShot(0, &action,
-                     [&]
-                     {
-                       triggered = true;
-                       action.trigger();
-                     });
-  while (!triggered)
-  {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
+  QMetaObject::invokeMethod(&action, "trigger", Qt::QueuedConnection);
+  QCoreApplication::sendPostedEvents(&action);
 }
 
 inline void deleteWhatIsDoomed()

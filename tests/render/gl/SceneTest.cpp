@@ -1,5 +1,6 @@
 #include "render/gl/SceneFixture.h"
 
+#include "Outcome.h"
 #include "foundation/InstanceManager.h"
 #include "render/CameraCladogram.h"
 #include "render/gl/CullVisitor.h"
@@ -10,7 +11,9 @@
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <sstream>
+#include <thread>
 
 namespace
 {
@@ -88,6 +91,41 @@ TEST(Scene, OfOneNodeOrOfNothing)
   const boost::intrusive_ptr<RenderNode> node(new RenderNode(7, nullptr, nullptr));
   node->addChild(nullptr);
   EXPECT_TRUE(node->children().empty());
+}
+
+TEST(Scene, OfAFileThatIsTruncatedOrChangesWhileItIsRead)
+{
+  const std::string name = orvex::test::newFolder() + "/tree.nwk";
+  const std::string whole = "((a:1.5e-3,b:-2)x:1,(c:4,(d,e)y)z:0.5);\n";
+  for (std::size_t length = 0; length <= whole.size(); ++length)
+  {
+    const Scene scene(orvex::NewickReader()(orvex::test::written(name, whole.substr(0, length))));
+    EXPECT_EQ(scene.builder.root() != nullptr, length > 0) << "a cut length is never read";
+  }
+  std::string half = "(a";
+  for (int i = 0; i < 20000; ++i)
+  {
+    half += ",b";
+  }
+  std::atomic<bool> done(false);
+  std::thread writer(
+      [&]
+      {
+        while (!done)
+        {
+          std::ofstream(name) << half << std::flush << half << ");";
+        }
+      });
+  int trees = 0;
+  // The writer may not get to run, or leave the file empty for many reads.
+  for (int i = 0; trees < 20 && i < 1000000; ++i)
+  {
+    orvex::test::errorOf([&]
+                         { trees += Scene(orvex::NewickReader()(name)).builder.root() ? 1 : 0; });
+  }
+  done = true;
+  writer.join();
+  EXPECT_GT(trees, 0) << "else no read met the file";
 }
 
 struct Settings
