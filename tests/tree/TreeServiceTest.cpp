@@ -1,21 +1,14 @@
 #include "tree/TreeService.h"
-#include "LoopbackServer.h"
+
 #include "Outcome.h"
-#include "tree/Document.h"
-#include "tree/Reader.h"
 #include "tree/Tree.h"
 #include "tree/TreeData.h"
-#include "tree/TreeList.h"
 
 #include <gmock/gmock.h>
-
-#include <boost/smart_ptr/intrusive_ptr.hpp>
-#include <boost/variant/get.hpp>
 
 namespace
 {
 
-using Rows = std::vector<boost::shared_ptr<orvex::TreeData>>;
 using orvex::test::errorOf;
 using Cases = std::vector<std::pair<std::string, const char*>>;
 
@@ -31,16 +24,6 @@ std::string describe(const orvex::Tree& tree)
       text << " " << *child;
     }
     text << ";";
-  }
-  return text.str();
-}
-
-std::string describe(const Rows& rows)
-{
-  std::ostringstream text;
-  for (const auto& row : rows)
-  {
-    text << row->id << " " << row->name << ";";
   }
   return text.str();
 }
@@ -63,10 +46,16 @@ TEST(TreeService, ListsItsTreesUpToTheFirstFault)
            {R"([{"id":1},)", "7 old;The tree service did not answer with JSON, URL = here"},
            {"", "7 old;The tree service did not answer with JSON, URL = here"}})
   {
-    Rows rows{boost::shared_ptr<orvex::TreeData>(new orvex::TreeData{7, "old"})};
+    std::vector<boost::shared_ptr<orvex::TreeData>> rows{
+        boost::shared_ptr<orvex::TreeData>(new orvex::TreeData{7, "old"})};
     const std::string error =
         errorOf([&, &body = body] { orvex::readTreeList(body, "here", rows); });
-    EXPECT_THAT(describe(rows) + error, testing::HasSubstr(outcome)) << body;
+    std::string found;
+    for (const auto& row : rows)
+    {
+      found += std::to_string(row->id) + " " + row->name + ";";
+    }
+    EXPECT_THAT(found + error, testing::HasSubstr(outcome)) << body;
   }
 }
 
@@ -94,30 +83,6 @@ TEST(TreeService, GivesATree)
         errorOf([&, &body = body] { tree = describe(*orvex::readTree(body, "here")); });
     EXPECT_THAT(tree + error, testing::HasSubstr(outcome)) << body.substr(0, 99);
   }
-}
-
-TEST(TreeService, IsAskedAtTheAddressOfTheBuild)
-{
-  const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
-  Rows rows;
-  {
-    const std::string url = orvex::treeServiceUrl;
-    LoopbackServer server;
-    server.standInForAllOthers();
-    server.answer(url + "/trees", R"([{"id":-7,"treeName":"seven"}])", 404);
-    server.answer(url + "/trees/-7", R"({"root":{"name":"r","children":[]}})");
-    server.answer(url + "/trees/8", R"({"root":{"name":8,"children":[]}})");
-    orvex::downloadTreeList(rows);
-    ASSERT_EQ(describe(rows), "-7 seven;") << "whatever the status";
-    document->loadFromHalvane(rows[0]->id);
-    const boost::shared_ptr<orvex::Tree> tree = document->getTree();
-    ASSERT_EQ(describe(*tree), "0r;");
-    EXPECT_THROW(document->loadFromHalvane(8), boost::bad_get);
-    EXPECT_EQ(document->getTree(), tree) << "a failure leaves the tree";
-  }
-  EXPECT_THAT(errorOf([&] { orvex::downloadTreeList(rows); }),
-              testing::StartsWith("Error 3886626924: "));
-  EXPECT_EQ(rows.size(), 1u);
 }
 
 } // namespace
