@@ -238,6 +238,13 @@ def bad_service(folder):
             main.menu(15, 2)
             confirm(title, keys=["Escape"])
             main.stays(shown)
+        main.menu(15, 2)
+        confirm("Dialog")  # no row is selected yet
+        main.stays(shown)
+        server.pieces = lambda request: [good(LIST if b"/trees " in request else b"{}")]
+        main.open_second_of_service()
+        confirm(FAILED)
+        main.stays(shown)
 
 
 def ladder(levels):

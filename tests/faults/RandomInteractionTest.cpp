@@ -66,7 +66,8 @@ protected:
     }
     _service = std::make_unique<LoopbackServer>();
     _service->standInForAllOthers();
-    _service->answer("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{}])");
+    _service->answer("/trees",
+                     R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])");
     _service->answer("/trees/1",
                      R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
     _service->answer("/trees/2", R"({"root":{"name":7}})");
@@ -102,6 +103,9 @@ private:
     else if (auto* list = qobject_cast<QDialog*>(modal))
     {
       auto* rows = list->findChild<QTreeWidget*>();
+      EXPECT_EQ(rows->headerItem()->text(0) + rows->topLevelItem(2)->text(0) +
+                    rows->topLevelItem(1)->text(1),
+                "id3bad");
       rows->topLevelItem(below(rows->topLevelItemCount()))->setSelected(true);
       list->done(below(4) != 0);
     }

@@ -1,6 +1,4 @@
-#include "LoopbackServer.h"
 #include "gui/Window.h"
-#include "render/CameraCladogram.h"
 #include "render/DisplaySettings.h"
 #include "tree/Tree.h"
 
@@ -8,7 +6,6 @@
 
 #include <QMenuBar>
 #include <QTest>
-#include <QTreeWidget>
 
 #include <optional>
 
@@ -16,7 +13,6 @@ namespace
 {
 
 using namespace orvex::test;
-using testing::StartsWith;
 using MainWindow = DisplayTest;
 
 const char* const fiveNodes = "((a,b),c);";
@@ -113,49 +109,6 @@ TEST_F(MainWindow, ShowsWhyAFileCantBeReadAndKeepsNoTree)
     window.action(name).trigger(); // a box would wait for ever
   }
   EXPECT_EQ(log(), "");
-}
-
-TEST_F(MainWindow, OpensATreeOfTheServiceInPlaceOfTheShownOne)
-{
-  Window window;
-  window._documentOpen(file("five.nwk", fiveNodes));
-  QAction& action = window.action("actionOpen_from_orvex_Halvane");
-  std::string rows;
-  const auto nodesAfter = [&](int row, bool accept)
-  {
-    const Answer<QDialog> answer(
-        [&](QDialog& dialog)
-        {
-          auto* list = dialog.findChild<QTreeWidget*>();
-          rows = (list->headerItem()->text(0) + list->topLevelItem(0)->text(1) +
-                  list->topLevelItem(1)->text(0))
-                     .toStdString();
-          if (row >= 0)
-          {
-            list->topLevelItem(row)->setSelected(true);
-          }
-          dialog.done(accept);
-        });
-    triggerFromLoop(action);
-    return window.viewer()->tree()->getNumberOfNodes();
-  };
-  {
-    LoopbackServer server;
-    server.standInForAllOthers();
-    server.answer("/trees", R"([{"id":8,"treeName":"b\u00e4d"},{"id":-7,"treeName":"good"}])");
-    server.answer("/trees/-7", R"({"root":{"name":"r","children":[]}})");
-    server.answer("/trees/8", "{}");
-    EXPECT_EQ(nodesAfter(1, false), 5u) << "cancelled";
-    EXPECT_EQ(nodesAfter(-1, true), 5u) << "no row is selected at first";
-    EXPECT_EQ(rows, "idb\u00e4d-7");
-    EXPECT_THAT(boxAfter([&] { nodesAfter(0, true); }), StartsWith("Error detected.|"));
-    EXPECT_EQ(nodesAfter(1, true), 1u);
-    deleteWhatIsDoomed();
-    EXPECT_EQ(window.findChildren<QGLWidget*>().size(), 1);
-  }
-  EXPECT_THAT(boxAfter([&] { triggerFromLoop(action); }),
-              StartsWith("Error detected.|Error 3886626924: "));
-  EXPECT_EQ(window.viewer()->tree()->getNumberOfNodes(), 1u) << "the shown tree stays";
 }
 
 } // namespace

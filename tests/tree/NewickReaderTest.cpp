@@ -19,30 +19,26 @@ using orvex::Tree;
 using namespace orvex::test;
 
 /// The clade as text; without the root's name and length, as the reader drops them.
-std::string write(Tree& tree, int id)
+std::string write(const boost::shared_ptr<Tree>& tree, int id)
 {
   std::string text;
-  for (unsigned int i = 0; i < tree.getNumChildren(id); ++i)
+  for (unsigned int i = 0; i < tree->getNumChildren(id); ++i)
   {
-    text += (i == 0 ? '(' : ',') + write(tree, tree.getChild(id, i));
+    text += (i == 0 ? '(' : ',') + write(tree, tree->getChild(id, i));
   }
-  const bool hasLength = tree.hasDistanceToParent(id);
-  const double length = tree.getDistanceToParent(id);
-  return text + (tree.isLeaf(id) ? "" : ")") + tree.getName(id) +
-         (hasLength ? ':' + boost::lexical_cast<std::string>(length) : "");
+  const double length = tree->getDistanceToParent(id);
+  return text + (tree->isLeaf(id) ? "" : ")") + tree->getName(id) +
+         (tree->hasDistanceToParent(id) ? ':' + boost::lexical_cast<std::string>(length) : "");
 }
 
-std::string write(const boost::shared_ptr<Tree>& tree)
+/// What was read from a text or a file, written again, or else the error.
+std::string outcome(const std::string& source, bool isFile = false)
 {
-  return tree ? write(*tree, tree->getRootNodeId()) : "none";
-}
-
-/// What was read, written again, or else the error.
-std::string outcome(const std::string& text)
-{
-  std::string result;
-  const std::string error = errorOf([&] { result = write(NewickReader().parseContents(text)); });
-  return error.empty() ? result : error;
+  boost::shared_ptr<Tree> tree;
+  NewickReader reader;
+  const std::string error =
+      errorOf([&] { tree = isFile ? reader(source) : reader.parseContents(source); });
+  return tree ? write(tree, tree->getRootNodeId()) : error.empty() ? "none" : error;
 }
 
 TEST(NewickReader, ReadsWhatStandsThere)
@@ -114,24 +110,24 @@ TEST(NewickReader, ReadsBranchLengthsAsLexicalCastDoes)
 
 TEST(NewickReader, JoinsTheLinesOfAFileOrTellsWhyItCannotBeRead)
 {
-  const std::string folder = newFolder() + "/";
-  const std::string file = written(folder + "lines.nwk", "((long\nname\r\n,b\n)\n\nx,\n\nc);\n");
-  EXPECT_EQ(write(NewickReader()(file)), "((longname\r,b)x,c)");
-  EXPECT_EQ(write(NewickReader()(written(folder + "no-end.nwk", "(a,\nb)"))), "(a,b)");
-  EXPECT_EQ(write(NewickReader()(written(folder + "empty.nwk", ""))), "none");
-  for (const std::string& path : {folder + "missing.nwk", folder})
+  const std::string folder = newFolder();
+  for (const auto& [text, tree] : std::vector<std::pair<std::string, std::string>>{
+           {"((long\nname\r\n,b\n)\n\nx,\n\nc);\n", "((longname\r,b)x,c)"},
+           {"(a,\nb)", "(a,b)"},
+           {"", "none"}})
   {
-    EXPECT_THAT(errorOf([&] { NewickReader()(path); }),
-                testing::StartsWith("boost::filesystem::file_size"));
+    EXPECT_EQ(outcome(written(folder + "/lines.nwk", text), true), tree);
   }
+  EXPECT_THAT(outcome(folder + "/missing", true), testing::HasSubstr("file_size: No such file"));
+  EXPECT_THAT(outcome(folder, true), testing::StartsWith("boost::filesystem::file_size: "));
   // A regular file that opens, but has nothing at its start to be read.
-  EXPECT_EQ(errorOf([] { NewickReader()("/proc/self/mem"); }), "Could not read file.");
+  EXPECT_EQ(outcome("/proc/self/mem", true), "Could not read file.");
   // With no descriptor left not even root can open a file.
   rlimit limit{};
   ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
   const rlimit none{0, limit.rlim_max};
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-  EXPECT_EQ(errorOf([&] { NewickReader()(file); }), "Could not open file.");
+  EXPECT_EQ(outcome(folder + "/lines.nwk", true), "Could not open file.");
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
 }
 

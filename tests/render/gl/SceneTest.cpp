@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <functional>
 #include <sstream>
 #include <thread>
 
@@ -128,76 +129,63 @@ TEST(Scene, OfAFileThatIsTruncatedOrChangesWhileItIsRead)
   EXPECT_GT(trees, 0) << "else no read met the file";
 }
 
-struct Settings
+struct Pass
 {
-  unsigned int level = 4;
-  unsigned int levels = 10;
-  bool alwaysHigh = false;
-  bool drawText = true;
+  unsigned int level = 4, levels = 10;
+  double zoom = 1.0, pan = 0.0;
+  bool alwaysHigh = false, drawText = true;
 };
 
-/// One culling pass in an area of 800 by 600 pixels, and what it should have chosen.
-class Pass
+/// Makes a culling pass in an area of 800 by 600 pixels and checks what it chose.
+/// \return the number of proxies and of labels
+std::pair<std::size_t, std::size_t> cull(const Scene& scene, const Pass& pass)
 {
-public:
-  Pass(const Scene& scene, double zoom, double pan, Settings with) : _with(with)
-  {
-    const Viewport viewport{0, 0, 800, 600};
-    const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
-    camera->updateZoomInformation(100000, 18, viewport);
-    camera->zoomByAmount(zoom - 1.0);
-    camera->pan(0.0, pan);
-    _state->viewport(viewport);
-    _state->modelViewMatrix(camera->viewMatrix(viewport));
-    _state->projectionMatrix(Matrix44d::orthographic(0, 800, 0, 600, -10, 10));
-    const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
-    settings->alwaysUseHighLod(with.alwaysHigh);
-    settings->drawText(with.drawText);
-    const boost::intrusive_ptr<CullVisitor> visitor(
-        new CullVisitor(_state.get(), with.level, with.levels, &graph, settings));
-    scene.builder.root()->accept(*visitor);
-    RenderGraph::Drawables low;
-    RenderGraph::Drawables high;
-    _choose(scene.lines(), low, high);
-    EXPECT_EQ(graph.lowLod(), low);
-    EXPECT_EQ(graph.highLod(), high);
-  }
-
+  const Viewport viewport{0, 0, 800, 600};
+  const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+  camera->updateZoomInformation(100000, 18, viewport);
+  camera->zoomByAmount(pass.zoom - 1.0);
+  camera->pan(0.0, pass.pan);
+  const boost::intrusive_ptr<State> state(new State);
+  state->viewport(viewport);
+  state->modelViewMatrix(camera->viewMatrix(viewport));
+  state->projectionMatrix(Matrix44d::orthographic(0, 800, 0, 600, -10, 10));
+  const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
+  settings->alwaysUseHighLod(pass.alwaysHigh);
+  settings->drawText(pass.drawText);
   RenderGraph graph;
+  const boost::intrusive_ptr<CullVisitor> visitor(
+      new CullVisitor(state.get(), pass.level, pass.levels, &graph, settings));
+  scene.builder.root()->accept(*visitor);
 
-private:
-  /// Proxies and opened nodes by the rules read one after the other, without a visitor.
-  void _choose(const RenderNode& node, RenderGraph::Drawables& low,
-               RenderGraph::Drawables& high) const
+  // The rules read one after the other, without a visitor.
+  RenderGraph::Drawables low, high;
+  const auto rowOf = [&](const Point2D<double>& p)
+  { return (state->getLocalToScreenMatrix() * Kelmar::Math::Vector3d(p.x, p.y, 0.0))[1]; };
+  const std::function<void(const RenderNode&)> choose = [&](const RenderNode& node)
   {
-    const double bottom = _screenY(node.boundingBox().minimum);
-    const double top = _screenY(node.boundingBox().maximum);
+    const double bottom = rowOf(node.boundingBox().minimum);
+    const double top = rowOf(node.boundingBox().maximum);
     if (bottom > 600.0 || top < 0.0)
     {
       return;
     }
-    if (!_with.alwaysHigh && _with.level != _with.levels && _with.levels != 1 &&
-        node.lodFraction() <= 0.9 && node.lodFraction() * _with.levels > _with.level &&
+    if (!pass.alwaysHigh && pass.level != pass.levels && pass.levels != 1 &&
+        node.lodFraction() <= 0.9 && node.lodFraction() * pass.levels > pass.level &&
         (top - bottom) / 600.0 < 0.25)
     {
-      low.push_back(node.lowLod());
-      return;
+      return low.push_back(node.lowLod());
     }
     high.push_back(node.highLod());
     for (const auto& child : node.children())
     {
-      _choose(dynamic_cast<const RenderNode&>(*child), low, high);
+      choose(dynamic_cast<const RenderNode&>(*child));
     }
-  }
-
-  double _screenY(const Point2D<double>& p) const
-  {
-    return (_state->getLocalToScreenMatrix() * Kelmar::Math::Vector3d(p.x, p.y, 0.0))[1];
-  }
-
-  Settings _with;
-  boost::intrusive_ptr<State> _state{new State};
-};
+  };
+  choose(scene.lines());
+  EXPECT_EQ(graph.lowLod(), low);
+  EXPECT_EQ(graph.highLod(), high);
+  return {low.size(), graph.text().size()};
+}
 
 TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
 {
@@ -210,19 +198,18 @@ TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
       for (const double pan : {0.0, 0.37, -0.45, 3.0})
       {
         SCOPED_TRACE(testing::Message() << "level " << level << " zoom " << zoom << " pan " << pan);
-        proxies += Pass(scene, zoom, pan, {level}).graph.lowLod().size();
+        proxies += cull(scene, {level, 10, zoom, pan}).first;
       }
     }
   }
   EXPECT_GT(proxies, 300u) << "else this compares empty lists";
-  const auto lowLods = [&](Settings with) { return Pass(scene, 1, 0, with).graph.lowLod().size(); };
-  ASSERT_GT(lowLods({0}), 3u);
-  EXPECT_EQ(lowLods({10}), 0u) << "the greatest zoom";
-  EXPECT_EQ(lowLods({0, 1}), 0u) << "only one level";
-  EXPECT_EQ(lowLods({0, 10, true}), 0u) << "the user's switch";
-  EXPECT_TRUE(Pass(scene, 1.0, 0.0, {4, 10, false, false}).graph.text().empty());
+  EXPECT_GT(cull(scene, {0}).first, 3u);
+  EXPECT_EQ(cull(scene, {10}).first, 0u) << "the greatest zoom";
+  EXPECT_EQ(cull(scene, {0, 1}).first, 0u) << "only one level";
+  EXPECT_EQ(cull(scene, {0, 10, 1.0, 0.0, true}).first, 0u) << "the user's switch";
+  EXPECT_EQ(cull(scene, {4, 10, 1.0, 0.0, false, false}).second, 0u) << "no text";
   // No label is dropped: the pass before decided nothing.
-  EXPECT_EQ(Pass(scene, 60.0, 0.0, {}).graph.text().size(), 11u) << "58 pixels a leaf";
+  EXPECT_EQ(cull(scene, {4, 10, 60.0}).second, 11u) << "58 pixels a leaf";
 }
 
 } // namespace
