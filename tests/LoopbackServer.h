@@ -28,11 +28,11 @@ struct LoopbackServer
   {
     return "http://127.0.0.1:" + std::to_string(port) + path;
   }
-  /// From now on all that is asked for over HTTP is asked of this server, as of a proxy. So a test
-  /// needs no port of a fixed number, which another program may have.
-  void standInForAllOthers() const
+  /// From now on all that is asked for over HTTP is asked of a port of this machine, as of a proxy.
+  /// So a test needs no port of a fixed number, which another program may have.
+  static void standInForAllOthers(int port)
   {
-    setenv("http_proxy", url().c_str(), 1);
+    setenv("http_proxy", ("http://127.0.0.1:" + std::to_string(port)).c_str(), 1);
     setenv("no_proxy", "none.invalid", 1);
   }
   /// \param path  a regular expression; also what a proxy is asked for, with or without the host

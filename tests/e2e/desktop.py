@@ -1,5 +1,6 @@
 """A display of its own, and what a user does on it with a program's windows."""
 
+import contextlib
 import os
 import re
 import subprocess
@@ -18,23 +19,24 @@ def wait_for(what, condition):
     raise AssertionError(f"waited in vain for {what}")
 
 
-class Display:
+@contextlib.contextmanager
+def display():
     """An X server with a window manager."""
-
-    def __enter__(self):
-        read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1200x900x24", "+extension", "GLX"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
+    read, write = os.pipe()
+    # A server that resets itself when its last client goes turns away whoever comes meanwhile.
+    processes = [subprocess.Popen(
+        ["Xvfb", "-displayfd", str(write), "-noreset", "-screen", "0", "1200x900x24", "+extension",
+         "GLX"], pass_fds=[write], stderr=subprocess.DEVNULL)]
+    os.close(write)
+    try:
         with os.fdopen(read) as pipe:
             os.environ["DISPLAY"] = ":" + pipe.readline().strip()
-        self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+        processes.append(subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL))
         wait_for("the window manager", lambda: b"window id" in subprocess.run(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True).stdout)
-
-    def __exit__(self, *_):
-        for process in (self.manager, self.server):
+        yield
+    finally:
+        for process in reversed(processes):
             process.terminate()
             process.wait()
 

@@ -18,7 +18,7 @@ import tempfile
 import threading
 import time
 
-from desktop import NAME, PATIENCE, Display, MainWindow, confirm, pixels, wait_for, xdotool
+from desktop import NAME, PATIENCE, MainWindow, confirm, display, pixels, wait_for, xdotool
 
 PROGRAMS = pathlib.Path(sys.argv[1]).resolve()
 VIEWER = PROGRAMS / "orvex-tree-viewer"
@@ -232,7 +232,9 @@ def bad_service(folder):
     noise = random.Random(6).randbytes(9000)
     with service() as (server, proxy), viewer(folder, **proxy) as main:
         shown = main.show()
+        to_file = b"HTTP/1.0 302 Found\r\nLocation: file:///etc/passwd\r\n\r\n"
         for pieces, title in (([], FAILED), ([good(LIST)[:-9]], FAILED), ([noise], FAILED),
+                              ([to_file], FAILED),
                               ([good(LIST)[:60], b"", good(LIST)[60:]], "Dialog")):
             server.pieces = lambda _: pieces
             main.menu(15, 2)
@@ -245,6 +247,9 @@ def bad_service(folder):
         main.open_second_of_service()
         confirm(FAILED)
         main.stays(shown)
+    reasons = re.findall("Error 8033290760: .*(Empty|9 bytes|HTTP/0.9|\"file\"|a tree),? ?.*",
+                         (folder / LOG).read_text())
+    assert reasons == ["Empty", "9 bytes", "HTTP/0.9", '"file"', "a tree"], (folder / LOG).read_text()
 
 
 def ladder(levels):
@@ -366,7 +371,7 @@ def bad_fonts(folder):
 
 if __name__ == "__main__":
     os.environ["no_proxy"] = "*"
-    with Display():
+    with display():
         for scenario in (use, real_service, service_answers, homes, nothing_can_be_written,
                          garbage_in_settings, no_opengl, bad_service, snapshots, generated_trees,
                          wrong_arguments, ladders, bad_fonts):

@@ -12,7 +12,6 @@
 #include <QWheelEvent>
 
 #include <cmath>
-#include <memory>
 #include <random>
 #include <regex>
 
@@ -40,9 +39,15 @@ class RandomInteraction : public DisplayTest
 protected:
   RandomInteraction()
   {
+    _service.answer("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])");
+    _service.answer("/trees/1", R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
+    _service.answer("/trees/2", R"({"root":{"name":7}})");
     QObject::connect(&_timer, &QTimer::timeout, [this] { _answerDialog(); });
     _timer.start(1);
   }
+
+  /// From now on the tree service answers, or nobody does.
+  void switchService() { _service.standInForAllOthers(below(2) ? _service.port : 1); }
 
   /// But for the last one, which is missing, any file can be chosen in a dialog.
   std::string anyFile(int files)
@@ -55,22 +60,6 @@ protected:
         {"tree.txt", "(a,b);"},     {"missing.nwk", "no file"}};
     const int chosen = below(files);
     return chosen == 7 ? path(all[7].first) : file(all[chosen].first, all[chosen].second);
-  }
-
-  /// Starts or ends the tree service.
-  void switchService()
-  {
-    if (_service)
-    {
-      return _service.reset();
-    }
-    _service = std::make_unique<LoopbackServer>();
-    _service->standInForAllOthers();
-    _service->answer("/trees",
-                     R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])");
-    _service->answer("/trees/1",
-                     R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
-    _service->answer("/trees/2", R"({"root":{"name":7}})");
   }
 
   std::string unexpected;
@@ -111,7 +100,7 @@ private:
     }
   }
 
-  std::unique_ptr<LoopbackServer> _service;
+  LoopbackServer _service;
   QTimer _timer;
 };
 

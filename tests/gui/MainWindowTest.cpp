@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QMenuBar>
 #include <QTest>
 
 #include <optional>
@@ -17,22 +16,7 @@ using MainWindow = DisplayTest;
 
 const char* const fiveNodes = "((a,b),c);";
 
-/// The menus as text: disabled entries in brackets.
-std::string menus(const Window& window)
-{
-  QString text;
-  for (const QAction* menu : window.menuBar()->actions())
-  {
-    text += menu->text() + ":";
-    for (const QAction* entry : menu->menu()->actions())
-    {
-      const QString name = entry->isSeparator() ? "--" : entry->text();
-      text += " " + (entry->isSeparator() || entry->isEnabled() ? name : "(" + name + ")");
-    }
-    text += "; ";
-  }
-  return text.toStdString();
-}
+const char* const treeActions[] = {"actionInfo", "actionExport_Image", "actionAlways_Show_Tree"};
 
 void choose(Window& window, const char* action, const std::string& name)
 {
@@ -47,12 +31,12 @@ TEST_F(MainWindow, OpensShowsAndExportsATree)
   EXPECT_EQ(window.size(), QSize(800, 600));
   EXPECT_EQ(window.windowIcon().pixmap(64, 64).size(), QSize(63, 64));
   EXPECT_FALSE(window.action("actionOpen").icon().pixmap(32).isNull());
-  EXPECT_EQ(menus(window), "File: Open Open from tesmar -- (Export Image) -- Quit; "
-                           "Tree: (Info) (Always Show Tree); Help: About; ");
+  for (const char* name : treeActions)
+  {
+    EXPECT_FALSE(window.action(name).isEnabled()) << name;
+  }
   window.show();
   choose(window, "actionOpen", file("five \xc3\xa9.nwk", fiveNodes));
-  EXPECT_EQ(menus(window), "File: Open Open from tesmar -- Export Image -- Quit; "
-                           "Tree: Info Always Show Tree; Help: About; ");
   EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor is gone";
   EXPECT_EQ(boxAfter([&] { window.action("actionInfo").trigger(); }),
             "Tree info|Number of nodes: 5\nNumber of leaves: 3");
@@ -103,7 +87,7 @@ TEST_F(MainWindow, ShowsWhyAFileCantBeReadAndKeepsNoTree)
             "Error Loading File " + bad + "|Error 2991944830: Unexpected comma encountered\n");
   EXPECT_EQ(window.centralWidget(), nullptr);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-  for (const char* name : {"actionInfo", "actionExport_Image", "actionAlways_Show_Tree"})
+  for (const char* name : treeActions)
   {
     EXPECT_TRUE(window.action(name).isEnabled());
     window.action(name).trigger(); // a box would wait for ever

@@ -1,10 +1,8 @@
 #include "render/gl/OpenGL.h"
 
 #include "render/gl/Image.h"
-#include "render/gl/RenderGraph.h"
 #include "render/gl/SceneFixture.h"
 #include "render/gl/Texture2D.h"
-#include "render/gl/Triangle.h"
 #include "render/gl/ViewCladogram.h"
 
 #include <gtest/gtest.h>
@@ -55,9 +53,8 @@ protected:
   void draw()
   {
     view->render();
-    read();
+    _picture = _widget->grabFrameBuffer().mirrored();
   }
-  void read() { _picture = _widget->grabFrameBuffer().mirrored(); }
 
   struct Found
   {
@@ -124,7 +121,8 @@ TEST_F(View, BushyTreeShowsGreenProxiesThatOpenWithTheZoom)
 {
   open(randomNewick(3000, 5), 700, 400);
   draw();
-  EXPECT_GT(find(isGreen).count, 500);
+  const int green = find(isGreen).count;
+  EXPECT_TRUE(green > 1000 && green < 10000) << green << ": outlines, not filled";
   view->settings()->alwaysUseHighLod(true);
   draw();
   EXPECT_EQ(find(isGreen).count, 0) << "always show the tree";
@@ -132,18 +130,6 @@ TEST_F(View, BushyTreeShowsGreenProxiesThatOpenWithTheZoom)
   view->handleZoom(1e6);
   draw();
   EXPECT_EQ(find(isGreen).count, 0) << "the greatest zoom";
-}
-
-TEST_F(View, ProxyIsAnOutline)
-{
-  open("(a,b);", 100, 100);
-  RenderGraph graph;
-  graph.addLowLod(new Triangle({-0.8, 0.0}, {0.8, -0.8}, {0.8, 0.8}));
-  graph.addLowLod(nullptr);
-  graph.render(*boost::intrusive_ptr<State>(new State));
-  read();
-  EXPECT_EQ(find(isLit, 55, 65, 45, 55).count, 0) << "a proxy is not filled";
-  EXPECT_GT(find(isGreen).count, 150) << "three edges of some 80 pixels each";
 }
 
 TEST_F(View, TexturesHoldTheirImage)
