@@ -51,8 +51,7 @@ BENCHMARK(serviceParse)->Apply(orvex::bench::everySize);
 
 void serviceDownload(benchmark::State& state)
 {
-  LoopbackServer server;
-  server.answer("/trees/1", body(leavesOf(state)));
+  const LoopbackServer server("/trees/1", body(leavesOf(state)));
   const std::string url = server.url();
   measure(state, [&] { return orvex::downloadTreeFrom(url, 1); });
 }

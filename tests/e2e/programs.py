@@ -233,8 +233,9 @@ def bad_service(folder):
     with service() as (server, proxy), viewer(folder, **proxy) as main:
         shown = main.show()
         to_file = b"HTTP/1.0 302 Found\r\nLocation: file:///etc/passwd\r\n\r\n"
+        whatever_status = good(LIST).replace(b"200 OK", b"404 Not Found")
         for pieces, title in (([], FAILED), ([good(LIST)[:-9]], FAILED), ([noise], FAILED),
-                              ([to_file], FAILED),
+                              ([to_file], FAILED), ([whatever_status], "Dialog"),
                               ([good(LIST)[:60], b"", good(LIST)[60:]], "Dialog")):
             server.pieces = lambda _: pieces
             main.menu(15, 2)

@@ -1,9 +1,10 @@
 #include "render/gl/OpenGL.h"
 
-#include "LoopbackServer.h"
 #include "generator/TreeGenerator.h"
 #include "gui/Window.h"
 #include "render/CameraCladogram.h"
+
+#include <httplib.h>
 
 #include <gmock/gmock.h>
 
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <random>
 #include <regex>
+#include <thread>
 
 namespace
 {
@@ -39,15 +41,32 @@ class RandomInteraction : public DisplayTest
 protected:
   RandomInteraction()
   {
-    _service.answer("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])");
-    _service.answer("/trees/1", R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})");
-    _service.answer("/trees/2", R"({"root":{"name":7}})");
+    for (const auto& [path, tree] :
+         {std::pair("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])"),
+          std::pair("/trees/1", R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})"),
+          std::pair("/trees/2", R"({"root":{"name":7}})")})
+    {
+      _service.Get(std::string("http://[^/]*") + path, [tree = tree](auto&, auto& response)
+                   { response.set_content(tree, "application/json"); });
+    }
     QObject::connect(&_timer, &QTimer::timeout, [this] { _answerDialog(); });
     _timer.start(1);
   }
 
+  ~RandomInteraction() override
+  {
+    _service.stop();
+    _thread.join();
+  }
+
   /// From now on the tree service answers, or nobody does.
-  void switchService() { _service.standInForAllOthers(below(2) ? _service.port : 1); }
+  void switchService()
+  {
+    // As a proxy, which needs no port of a fixed number that another program may have.
+    const std::string proxy = "http://127.0.0.1:" + std::to_string(below(2) ? _port : 1);
+    setenv("http_proxy", proxy.c_str(), 1);
+    setenv("no_proxy", "none.invalid", 1);
+  }
 
   /// But for the last one, which is missing, any file can be chosen in a dialog.
   std::string anyFile(int files)
@@ -100,7 +119,9 @@ private:
     }
   }
 
-  LoopbackServer _service;
+  httplib::Server _service;
+  const int _port = _service.bind_to_any_port("127.0.0.1");
+  std::thread _thread{[this] { _service.listen_after_bind(); }};
   QTimer _timer;
 };
 
