@@ -108,13 +108,8 @@ TEST(CountedObject, TellsWhatItsDestructorThrows)
 
 TEST(InstanceReportDeathTest, ListsWhatIsLeftAtExitAndNothingElse)
 {
-  const auto leaveTwo = []
-  {
-    const auto* one = new Object;
-    intrusive_ptr_add_ref(new Object);
-    std::exit(one ? 0 : 1);
-  };
-  EXPECT_EXIT(leaveTwo(), testing::ExitedWithCode(0),
+  EXPECT_EXIT((new Object, intrusive_ptr_add_ref(new Object), std::exit(0)),
+              testing::ExitedWithCode(0),
               "2 objects remaining:\n\n\tAddress: 0x[0-9a-f]+, Type: .*\n\n\tAddress: 0x");
   EXPECT_EXIT(std::exit(0), testing::ExitedWithCode(0), "^$");
 }

@@ -41,15 +41,6 @@ TEST_F(FileDialogs, RememberDirectoryAndFilterForEachTitle)
     EXPECT_EQ(answered("Open", ""), path("trees \u00e9") + "|Newick (*.tre)");
   }
   EXPECT_EQ(answered("Export Image", path("new.nwk")), fresh) << "each title has its own memory";
-  std::vector<std::string> names{"earlier"};
-  file("b.nwk", "");
-  for (const std::string typed : {"\"new.nwk\" \"b.nwk\"", ""})
-  {
-    file("new.nwk", "");
-    const Answer<QFileDialog> answer([&](auto& dialog) { orvex::test::type(dialog, typed); });
-    FileDialog::getOpenFileNames(nullptr, "Export Image", filters, names);
-    EXPECT_EQ(names.size(), typed.empty() ? 0u : 2u);
-  }
   qunsetenv("HOME");
   answered("Another", "");
   EXPECT_EQ(log(),

@@ -1,8 +1,6 @@
 #include "render/gl/OpenGL.h"
 
-#include "render/gl/Image.h"
 #include "render/gl/SceneFixture.h"
-#include "render/gl/Texture2D.h"
 #include "render/gl/ViewCladogram.h"
 
 #include <gtest/gtest.h>
@@ -90,7 +88,7 @@ protected:
 
 TEST_F(View, LeafLinesLieInTheirRowsAndLabelsBesideThem)
 {
-  open("((A,B),C);", 500, 300);
+  open("((A,B),H);", 500, 300);
   draw();
   const auto rowOf = [](double y) { return static_cast<int>((y - 0.5) * (300 - 16) + 150.0); };
   const unsigned int w = view->mainViewport().width - view->camera()->horizontalPixelsForText();
@@ -112,6 +110,7 @@ TEST_F(View, LeafLinesLieInTheirRowsAndLabelsBesideThem)
   EXPECT_NEAR(label.end - label.low, 11, 2) << "a capital in an em of 15 pixels";
   EXPECT_NEAR((label.low + label.end) / 2.0, row, 1.5) << "its centre is at the leaf";
   EXPECT_GT(label.count, 25) << "strokes, not outlines of squares";
+  EXPECT_EQ(find(isLit, leaves + 5, leaves + 8, row + 2, row + 5).count, 0) << "upright strokes";
   view->camera()->pan(0.0, 3.0);
   draw();
   EXPECT_EQ(find(isLit, 50).count, 0) << "moved out of sight";
@@ -130,22 +129,6 @@ TEST_F(View, BushyTreeShowsGreenProxiesThatOpenWithTheZoom)
   view->handleZoom(1e6);
   draw();
   EXPECT_EQ(find(isGreen).count, 0) << "the greatest zoom";
-}
-
-TEST_F(View, TexturesHoldTheirImage)
-{
-  open("(a,b);", 100, 100);
-  const boost::intrusive_ptr<Image> image(new Image);
-  image->init(3, 2, GL_RGB); // rows of nine bytes, which no alignment but one fits
-  const std::string pixels = "three by two RGBs!";
-  std::copy(pixels.begin(), pixels.end(), image->buffer());
-  const boost::intrusive_ptr<Texture2D> texture(new Texture2D(image));
-  texture->apply();
-  std::string back(18, ' ');
-  glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glGetTexImage(GL_TEXTURE_2D, 0, GL_RGB, GL_UNSIGNED_BYTE, back.data());
-  EXPECT_EQ(back, pixels);
-  EXPECT_THROW(image->init(5, 5, GL_DEPTH_COMPONENT), std::runtime_error);
 }
 
 TEST_F(View, ThumbnailsRectangleFollowsZoomAndPan)
