@@ -25,8 +25,13 @@ protected:
   ~DisplayTest() override
   {
     std::cout.rdbuf(_before);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    deleteWhatIsDoomed();
     EXPECT_EQ(Helper::instanceManager.numberOfObjects(), _objects);
+  }
+
+  static void deleteWhatIsDoomed()
+  {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
   std::string path(const std::string& name) const { return _home + "/" + name; }
@@ -45,26 +50,23 @@ private:
   std::streambuf* _before = std::cout.rdbuf(_log.rdbuf());
 };
 
-/// Waits for the next modal dialog of a type and answers it, while the test's code waits for the
-/// answer. A dialog that never comes is a failure.
+/// Does something that shows a modal dialog of a type, and answers that dialog. One that never
+/// comes is a failure.
 template <class Dialog>
-struct Answer
+void answering(const std::function<void()>& action, const std::function<void(Dialog&)>& answer)
 {
-  explicit Answer(std::function<void(Dialog&)> answer)
-  {
-    QObject::connect(&timer, &QTimer::timeout,
-                     [this, answer]
-                     {
-                       auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-                       if (dialog && dialog->isVisible())
-                       {
-                         timer.stop();
-                         answer(*dialog);
-                       }
-                     });
-    timer.start(10);
-  }
-  ~Answer() { EXPECT_FALSE(timer.isActive()) << "no such dialog was shown"; }
-
   QTimer timer;
-};
+  QObject::connect(&timer, &QTimer::timeout,
+                   [&]
+                   {
+                     auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+                     if (dialog && dialog->isVisible())
+                     {
+                       timer.stop();
+                       answer(*dialog);
+                     }
+                   });
+  timer.start(10);
+  action();
+  EXPECT_FALSE(timer.isActive()) << "no such dialog was shown";
+}

@@ -80,16 +80,14 @@ def use(folder):
 
 @contextlib.contextmanager
 def serving(trees, port=14444, end=signal.SIGTERM):
-    """The real tree service with two trees, up to a good end; a list that has then what it wrote."""
+    """The real tree service with two trees, up to a good end."""
     server = subprocess.Popen([PROGRAMS / "orvex-tree-service", "--port", str(port), trees],
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-    written = []
     try:
         assert server.stdout.readline() == f"serving 2 trees at http://127.0.0.1:{port}/trees\n"
-        yield written
+        yield server
         server.send_signal(end)
-        written.append(server.communicate(timeout=PATIENCE)[1])
-        assert server.returncode == 0
+        assert server.wait(timeout=PATIENCE) == 0
     finally:
         server.kill()
 
@@ -137,7 +135,7 @@ def service_answers(folder):
     with socket.create_server(("127.0.0.1", 0)) as free:
         port = free.getsockname()[1]
     for end in (signal.SIGINT, signal.SIGTERM):
-        with serving(trees, port, end) as written:
+        with serving(trees, port, end) as server:
             for path, answer in (
                     ("/trees", '[{"id":2,"treeName":"a.b"},{"id":3,"treeName":"b"}]'),
                     ("/trees/2", '{"root":%s}' % deep), ("/trees/3", '{"root":%s}' % small)):
@@ -152,8 +150,9 @@ def service_answers(folder):
             (trees / "b.nwk").rename(folder / "away")
             assert asked("/trees/3")[0] == 500
             (folder / "away").rename(trees / "b.nwk")
-        assert "0.nwk is left out: it holds no tree" in written[0]
-        assert "link.nwk is left out: it leads out of the folder" in written[0]
+        errors = server.stderr.read()
+        assert "0.nwk is left out: it holds no tree" in errors
+        assert "link.nwk is left out: it leads out of the folder" in errors
 
 
 def homes(folder):

@@ -89,11 +89,7 @@ TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
   std::vector<boost::shared_ptr<orvex::TreeData>> rows;
   const std::function<void()> steps[] = {
       [&] { orvex::NewickReader().parseContents(newick); }, [&] { Scene{tree}; },
-      [&]
-      {
-        FreeType::destroy(); // so that the font is loaded again
-        Scene{tree};
-      },
+      [&] { FreeType::destroy(), Scene{tree}; }, // loads the font again
       [&] { orvex::readTree(body, "url"); }, [&] { orvex::readTreeList(list, "url", rows); }};
   for (int i = 0; i < 10; ++i)
   {

@@ -20,8 +20,8 @@ const char* const treeActions[] = {"actionInfo", "actionExport_Image", "actionAl
 
 void choose(Window& window, const char* action, const std::string& name)
 {
-  const Answer<QFileDialog> answer([&](QFileDialog& dialog) { type(dialog, name); });
-  window.action(action).trigger();
+  answering<QFileDialog>([&] { window.action(action).trigger(); },
+                         [&](QFileDialog& dialog) { type(dialog, name); });
 }
 
 TEST_F(MainWindow, OpensShowsAndExportsATree)

@@ -41,8 +41,7 @@ inline std::string confirm(QMessageBox& box)
 inline std::string boxAfter(const std::function<void()>& action)
 {
   std::string text;
-  const Answer<QMessageBox> answer([&](QMessageBox& box) { text = confirm(box); });
-  action();
+  answering<QMessageBox>(action, [&](QMessageBox& box) { text = confirm(box); });
   return text;
 }
 
@@ -51,11 +50,6 @@ inline void triggerFromLoop(QAction& action)
 {
   QMetaObject::invokeMethod(&action, "trigger", Qt::QueuedConnection);
   QCoreApplication::sendPostedEvents(&action);
-}
-
-inline void deleteWhatIsDoomed()
-{
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 } // namespace orvex::test

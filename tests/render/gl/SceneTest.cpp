@@ -24,25 +24,21 @@ using namespace orvex::render::gl;
 using Kelmar::Math::Matrix44d;
 using orvex::test::Scene;
 
-/// A node and what is below it as indented text: the proxy's corners, then each line's.
+/// A node and what is below it as indented text: the proxy's corners, then those of the lines.
 void write(const RenderNode& node, const std::string& indent, std::ostream& out)
 {
-  const auto points = [&](const Vector2f* vertex, int count)
+  const auto& lines = dynamic_cast<const LineStrip&>(*node.highLod());
+  out << indent << node.nodeId() << " lod " << node.lodFraction() << " proxy";
+  const auto points = [&](const auto& vertices)
   {
-    for (int i = 0; i < count; ++i)
+    for (const Vector2f& vertex : vertices)
     {
-      out << (i == 0 ? " | " : ", ") << vertex[i][0] << " " << vertex[i][1];
+      out << " " << vertex[0] << "," << vertex[1];
     }
   };
-  out << indent << node.nodeId() << " lod " << node.lodFraction();
-  points(dynamic_cast<const Triangle&>(*node.lowLod()).vertices().data(), 3);
-  const auto& lines = dynamic_cast<const LineStrip&>(*node.highLod());
-  const Vector2f* vertex = lines.vertices().data();
-  for (const int length : lines.lengths())
-  {
-    points(vertex, length);
-    vertex += length;
-  }
+  points(dynamic_cast<const Triangle&>(*node.lowLod()).vertices());
+  out << " lines of " << testing::PrintToString(lines.lengths());
+  points(lines.vertices());
   out << "\n";
   for (const auto& child : node.children())
   {
@@ -68,12 +64,13 @@ TEST(Scene, MirrorsTheTreeWithLabelsFirst)
   EXPECT_EQ(out.str(), R"(A at 1.001 1
 B at 1.001 0.6667
 C at 1.001 0.3333
-0 lod 0 | 0 0.5833, 1 0.3333, 1 1 | 0 0.5833, 0 0.8333, 0.7404 0.8333 | 0 0.5833, 0 0.3333, 1 0.3333
-  1 lod 0.5 | 0.7404 0.8333, 1 0.6667, 1 1 | 0.7404 0.8333, 0.7404 1, 1 1)"
-                       R"( | 0.7404 0.8333, 0.7404 0.6667, 1 0.6667
-    2 lod 1 | 1 1, 1 1, 1 1
-    3 lod 1 | 1 0.6667, 1 0.6667, 1 0.6667
-  4 lod 1 | 1 0.3333, 1 0.3333, 1 0.3333
+0 lod 0 proxy 0,0.5833 1,0.3333 1,1 lines of { 3, 3 })"
+                       R"( 0,0.5833 0,0.8333 0.7404,0.8333 0,0.5833 0,0.3333 1,0.3333
+  1 lod 0.5 proxy 0.7404,0.8333 1,0.6667 1,1 lines of { 3, 3 })"
+                       R"( 0.7404,0.8333 0.7404,1 1,1 0.7404,0.8333 0.7404,0.6667 1,0.6667
+    2 lod 1 proxy 1,1 1,1 1,1 lines of {}
+    3 lod 1 proxy 1,0.6667 1,0.6667 1,0.6667 lines of {}
+  4 lod 1 proxy 1,0.3333 1,0.3333 1,0.3333 lines of {}
 )");
 }
 
@@ -103,11 +100,7 @@ TEST(Scene, OfAFileThatIsTruncatedOrChangesWhileItIsRead)
     const Scene scene(orvex::NewickReader()(orvex::test::written(name, whole.substr(0, length))));
     EXPECT_EQ(scene.builder.root() != nullptr, length > 0) << "a cut length is never read";
   }
-  std::string half = "(a";
-  for (int i = 0; i < 20000; ++i)
-  {
-    half += ",b";
-  }
+  const std::string half = "(a" + std::string(20000, ',');
   std::atomic<bool> done(false);
   std::thread writer(
       [&]
@@ -193,13 +186,13 @@ TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
   std::size_t proxies = 0;
   for (const unsigned int level : {0u, 1u, 3u, 7u, 9u, 10u, 12u})
   {
-    for (const double zoom : {1.0, 2.5, 40.0})
+    for (const auto& [zoom, pan] :
+         {std::pair(1.0, 0.0), std::pair(1.0, 0.37), std::pair(1.0, -3.0), std::pair(2.5, 0.0),
+          std::pair(2.5, 0.37), std::pair(2.5, -0.45), std::pair(40.0, 0.37),
+          std::pair(40.0, -0.45)})
     {
-      for (const double pan : {0.0, 0.37, -0.45, 3.0})
-      {
-        SCOPED_TRACE(testing::Message() << "level " << level << " zoom " << zoom << " pan " << pan);
-        proxies += cull(scene, {level, 10, zoom, pan}).first;
-      }
+      SCOPED_TRACE(testing::Message() << "level " << level << " zoom " << zoom << " pan " << pan);
+      proxies += cull(scene, {level, 10, zoom, pan}).first;
     }
   }
   EXPECT_GT(proxies, 300u) << "else this compares empty lists";

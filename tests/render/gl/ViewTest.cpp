@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <numeric>
 
 namespace
 {
@@ -168,16 +169,14 @@ TEST_F(View, ThumbnailShowsTheWholeTreeAndIsMadeAgainByAResizeOnly)
   view->update();
   draw();
   EXPECT_NEAR(find(isLine, 40, 49).low, 100, 1) << "still the old picture";
-  const auto objects = []
+  std::vector<GLuint> names(400);
+  std::iota(names.begin(), names.end(), 1u);
+  const auto objects = [&]
   {
-    int alive = 0;
-    for (GLuint name = 1; name < 400; ++name)
-    {
-      alive += (glIsTexture(name) ? 1 : 0) + (glIsFramebufferEXT(name) ? 1 : 0);
-    }
-    return alive;
+    return std::count_if(names.begin(), names.end(), glIsTexture) +
+           std::count_if(names.begin(), names.end(), glIsFramebufferEXT);
   };
-  const int before = objects();
+  const auto before = objects();
   for (unsigned int w = 500; w > 0; w -= 10) // at last no column at all
   {
     view->resize(w, w / 2);
