@@ -49,32 +49,6 @@ bool refuses(std::size_t size, const void* caller)
   return plan.failed = true;
 }
 
-} // namespace
-
-void* operator new(std::size_t size)
-{
-  void* memory = refuses(size, __builtin_return_address(0)) ? nullptr : std::malloc(size + 1);
-  return memory ? memory : throw std::bad_alloc();
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-  return std::malloc(size + 1);
-}
-
-void operator delete(void* memory) noexcept
-{
-  std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-  std::free(memory);
-}
-
-namespace
-{
-
 using Memory = DisplayTest;
 
 // Lets each allocation of a step fail in turn, until the step needs no more of them.
@@ -142,3 +116,24 @@ TEST_F(Memory, ThatRunsOutIsABoxAndTheWindowGoesOn)
 }
 
 } // namespace
+
+void* operator new(std::size_t size)
+{
+  void* memory = refuses(size, __builtin_return_address(0)) ? nullptr : std::malloc(size + 1);
+  return memory ? memory : throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+  return std::malloc(size + 1);
+}
+
+void operator delete(void* memory) noexcept
+{
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+  std::free(memory);
+}

@@ -10,8 +10,7 @@
 namespace
 {
 
-using Kelmar::Network::Curl;
-using Kelmar::Network::Http;
+using namespace Kelmar::Network;
 using orvex::test::errorOf;
 
 /// The body, or else the error.

@@ -30,10 +30,8 @@ TEST(Culler, CullsWhatTheViewDoesNotShow)
   {
     EXPECT_EQ(culler->isCulled(box), i >= 6) << "box " << i;
   }
-  EXPECT_EQ(orvex::test::errorOf(
-                [] {
-                  new Culler2D(Matrix44d::scale({1.0, 0.0, 1.0}), Matrix44d());
-                }),
+  const Matrix44d flat = Matrix44d::scale({1.0, 0.0, 1.0});
+  EXPECT_EQ(orvex::test::errorOf([&] { new Culler2D(flat, projection); }),
             "Error 2318439298: Matrix inverse does not exist");
 }
 

@@ -11,14 +11,11 @@
 namespace
 {
 
+using namespace orvex::render;
 using orvex::Tree;
-using orvex::render::LayoutInfo2D;
-using orvex::render::NodeLayoutInfo;
-using orvex::render::Point2D;
 
 boost::intrusive_ptr<LayoutInfo2D> layOut(const boost::shared_ptr<Tree>& tree)
 {
-  using orvex::render::LayoutCladogram;
   return boost::intrusive_ptr<LayoutCladogram>(new LayoutCladogram)->layout(tree);
 }
 

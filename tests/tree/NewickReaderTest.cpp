@@ -8,14 +8,14 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
 namespace
 {
 
-using orvex::NewickReader;
-using orvex::Tree;
+using namespace orvex;
 using namespace orvex::test;
 
 /// The clade as text; without the root's name and length, as the reader drops them.
@@ -100,10 +100,8 @@ TEST(NewickReader, ReadsBranchLengthsAsLexicalCastDoes)
   for (int round = 0; round < 20000; ++round)
   {
     std::string text;
-    for (auto length = random() % 12; length > 0; --length)
-    {
-      text += "0123456789012345678901234567899..-+eE"[random() % 37];
-    }
+    std::generate_n(std::back_inserter(text), random() % 12,
+                    [&] { return "0123456789012345678901234567899..-+eE"[random() % 37]; });
     expectLengthAsTheLibrary(text);
   }
 }

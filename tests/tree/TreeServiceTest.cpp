@@ -30,7 +30,7 @@ std::string describe(const orvex::Tree& tree)
 
 TEST(TreeService, ListsItsTreesUpToTheFirstFault)
 {
-  for (const auto& [body, outcome] : Cases{
+  for (const auto& c : Cases{
            {R"([{"id":17,"treeName":"seed plants","owner":{"x":[1,{"id":5}]}},
                 {"treeName":"Fungi 18S","id":42}])",
             "7 old;17 seed plants;42 Fungi 18S;"},
@@ -48,20 +48,19 @@ TEST(TreeService, ListsItsTreesUpToTheFirstFault)
   {
     std::vector<boost::shared_ptr<orvex::TreeData>> rows{
         boost::shared_ptr<orvex::TreeData>(new orvex::TreeData{7, "old"})};
-    const std::string error =
-        errorOf([&, &body = body] { orvex::readTreeList(body, "here", rows); });
+    const std::string error = errorOf([&] { orvex::readTreeList(c.first, "here", rows); });
     std::string found;
     for (const auto& row : rows)
     {
       found += std::to_string(row->id) + " " + row->name + ";";
     }
-    EXPECT_THAT(found + error, testing::HasSubstr(outcome)) << body;
+    EXPECT_THAT(found + error, testing::HasSubstr(c.second)) << c.first;
   }
 }
 
 TEST(TreeService, GivesATree)
 {
-  for (const auto& [body, outcome] :
+  for (const auto& c :
        Cases{{R"({"root":{"name":"","children":[{"name":"","children":[
                 {"name":"a","children":[]},{"name":"b","children":[],"length":0.5}]},
                 {"children":[],"name":"c"}]},"root2":1})",
@@ -79,9 +78,8 @@ TEST(TreeService, GivesATree)
              {std::string(1'000'000, '[') + std::string(1'000'000, ']'), "a tree, URL = here"}})
   {
     std::string tree;
-    const std::string error =
-        errorOf([&, &body = body] { tree = describe(*orvex::readTree(body, "here")); });
-    EXPECT_THAT(tree + error, testing::HasSubstr(outcome)) << body.substr(0, 99);
+    const std::string error = errorOf([&] { tree = describe(*orvex::readTree(c.first, "here")); });
+    EXPECT_THAT(tree + error, testing::HasSubstr(c.second)) << c.first.substr(0, 99);
   }
 }
 

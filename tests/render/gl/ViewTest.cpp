@@ -123,10 +123,6 @@ TEST_F(View, BushyTreeShowsGreenProxiesThatOpenWithTheZoom)
   draw();
   const int green = find(isGreen).count;
   EXPECT_TRUE(green > 1000 && green < 10000) << green << ": outlines, not filled";
-  view->settings()->alwaysUseHighLod(true);
-  draw();
-  EXPECT_EQ(find(isGreen).count, 0) << "always show the tree";
-  view->settings()->alwaysUseHighLod(false);
   view->handleZoom(1e6);
   draw();
   EXPECT_EQ(find(isGreen).count, 0) << "the greatest zoom";
