@@ -236,7 +236,7 @@ def bad_service(folder):
                               ([good(LIST)[:60], b"", good(LIST)[60:]], "Dialog")):
             server.pieces = lambda _: pieces
             main.menu(15, 2)
-            confirm(title, keys=["Escape"])
+            confirm(title, keys=["Down", "Down", "Escape"])
             main.stays(shown)
         main.menu(15, 2)
         confirm("Dialog")  # no row is selected yet

@@ -54,7 +54,6 @@ using Memory = DisplayTest;
 // Lets each allocation of a step fail in turn, until the step needs no more of them.
 TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
 {
-  using orvex::render::gl::FreeType;
   const std::string newick = "((alpha:1,a name longer than a small string:2)x,(c,(d,e)):3);";
   const auto tree = orvex::NewickReader().parseContents(newick);
   const std::string body = R"({"root":{"name":"a name longer than a small string","children":[
@@ -63,7 +62,7 @@ TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
   std::vector<boost::shared_ptr<orvex::TreeData>> rows;
   const std::function<void()> steps[] = {
       [&] { orvex::NewickReader().parseContents(newick); }, [&] { Scene{tree}; },
-      [&] { FreeType::destroy(), Scene{tree}; }, // loads the font again
+      [&] { orvex::render::gl::FreeType::destroy(), Scene{tree}; }, // loads the font again
       [&] { orvex::readTree(body, "url"); }, [&] { orvex::readTreeList(list, "url", rows); }};
   for (int i = 0; i < 10; ++i)
   {
@@ -81,7 +80,7 @@ TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
     EXPECT_FALSE(failed) << "at last there was memory enough";
     EXPECT_GT(n, 10);
   }
-  FreeType::destroy();
+  orvex::render::gl::FreeType::destroy();
 }
 
 // Only large allocations fail: those of the tree, its layout and its scene, not those of Qt and of

@@ -33,13 +33,13 @@ protected:
   {
     QGLFormat format;
     format.setSampleBuffers(false);
-    _widget = std::make_unique<QGLWidget>(format);
-    _widget->resize(w, h);
-    _widget->show();
+    widget = std::make_unique<QGLWidget>(format);
+    widget->resize(w, h);
+    widget->show();
     // A frame drawn before the window is there would be lost.
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(_widget.get()));
-    _widget->makeCurrent();
-    _widget->swapBuffers(); // the driver takes the window's new size with the next buffer
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(widget.get()));
+    widget->makeCurrent();
+    widget->swapBuffers(); // the driver takes the window's new size with the next buffer
     width = w;
     height = h;
     view = new ViewCladogram;
@@ -52,7 +52,7 @@ protected:
   void draw()
   {
     view->render();
-    _picture = _widget->grabFrameBuffer().mirrored();
+    picture = widget->grabFrameBuffer().mirrored();
   }
 
   struct Found
@@ -68,7 +68,7 @@ protected:
     {
       for (int x = x0; x < std::min(x1, width); ++x)
       {
-        if (wanted(_picture.pixelColor(x, y)))
+        if (wanted(picture.pixelColor(x, y)))
         {
           found = {found.count + 1, std::min(found.low, y), y + 1};
         }
@@ -77,11 +77,8 @@ protected:
     return found;
   }
 
-private:
-  std::unique_ptr<QGLWidget> _widget;
-  QImage _picture;
-
-protected:
+  std::unique_ptr<QGLWidget> widget;
+  QImage picture;
   int width = 0;
   int height = 0;
   boost::intrusive_ptr<ViewCladogram> view; // goes before its context
