@@ -28,12 +28,13 @@ thread_local struct
 /// only, or then and ever after.
 /// \param leastSize  above 0: only calls by the program's own code for that many bytes count, not
 ///                   those of shared libraries
+/// \param error  becomes the text of the exception that came out; too short to need memory
 /// \return whether a call was refused
 template <class Action>
-bool failsAtAllocation(long n, bool everAfter, std::size_t leastSize, Action action)
+bool failsAtNew(long n, bool everAfter, std::size_t leastSize, std::string& error, Action action)
 {
   plan = {true, false, everAfter, n, leastSize};
-  action();
+  error = errorOf(action);
   plan.armed = false;
   return plan.failed;
 }
@@ -73,7 +74,7 @@ TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
     {
       rows = {};
       std::string error;
-      failed = failsAtAllocation(n, i % 2 == 0, 0, [&] { error = errorOf(steps[i / 2]); });
+      failed = failsAtNew(n, i % 2 == 0, 0, error, steps[i / 2]);
       EXPECT_TRUE(error.empty() || (failed && error == "std::bad_alloc"));
       ASSERT_EQ(Helper::instanceManager.numberOfObjects(), 0u) << "allocation " << n;
     }
@@ -92,20 +93,21 @@ TEST_F(Memory, ThatRunsOutIsABoxAndTheWindowGoesOn)
   Window window;
   window.show();
   const std::size_t base = Helper::instanceManager.numberOfObjects();
+  std::string error; // that nothing shows
   int n = 0;
   for (bool failed = true; failed && n < 500; ++n)
   {
     const std::string box = boxAfter(
         [&]
         {
-          failed = failsAtAllocation(n, false, 65536, [&] { window._documentOpen(name); });
+          failed = failsAtNew(n, false, 65536, error, [&] { window._documentOpen(name); });
           failed ? void() : window.action("actionInfo").trigger();
         });
     // A stream keeps the exception to itself and only says that it can't go on.
     EXPECT_TRUE(failed
                     ? box == start + "std::bad_alloc\n" || box == start + "Could not read file.\n"
                     : box.substr(0, 9) == "Tree info")
-        << n << box;
+        << n << box << error;
     window._documentNew();
     deleteWhatIsDoomed();
     ASSERT_EQ(Helper::instanceManager.numberOfObjects(), base);

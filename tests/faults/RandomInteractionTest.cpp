@@ -49,6 +49,7 @@ protected:
       _service.Get(std::string("http://[^/]*") + path, [tree = tree](auto&, auto& response)
                    { response.set_content(tree, "application/json"); });
     }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return _service.is_running(); })); // or nothing ends it
     switchService();
     QObject::connect(&_timer, &QTimer::timeout, [this] { _answerDialog(); });
     _timer.start(1);
