@@ -1,6 +1,6 @@
 #pragma once
 
-#include "generator/TreeGenerator.h"
+#include "generate/TreeGenerator.h"
 
 #include <benchmark/benchmark.h>
 #include <boost/shared_ptr.hpp>

@@ -6,16 +6,16 @@
 //   cold-start whole FILE    file to first frame as the viewer does it, thumbnail included
 //   cold-start floor FILE MIB   read the file, count its structural characters, touch that memory
 
-#include "render/gl/OpenGL.h"
+#include "render/gl/device/OpenGL.h"
 
 #include "render/CameraCladogram.h"
 #include "render/LayoutCladogram.h"
-#include "render/gl/CullVisitor.h"
-#include "render/gl/Passes.h"
-#include "render/gl/RenderGraph.h"
-#include "render/gl/RenderTaxonLabels.h"
-#include "render/gl/SceneBuilder.h"
-#include "render/gl/ViewCladogram.h"
+#include "render/gl/draw/RenderGraph.h"
+#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/scene/RenderTaxonLabels.h"
+#include "render/gl/scene/SceneBuilder.h"
+#include "render/gl/view/Passes.h"
+#include "render/gl/view/ViewCladogram.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 

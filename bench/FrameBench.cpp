@@ -1,10 +1,10 @@
 // Whole frames in a window. The column CPU is the time of our own thread; a software renderer fills
 // the pixels in threads of its own, for which the column Time waits.
 
-#include "render/gl/OpenGL.h"
+#include "render/gl/device/OpenGL.h"
 
 #include "BenchTrees.h"
-#include "render/gl/ViewCladogram.h"
+#include "render/gl/view/ViewCladogram.h"
 #include "tree/Tree.h"
 
 #include <QApplication>

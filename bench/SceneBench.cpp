@@ -4,10 +4,10 @@
 #include "MemoryMeter.h"
 #include "render/CameraCladogram.h"
 #include "render/LayoutCladogram.h"
-#include "render/gl/CullVisitor.h"
-#include "render/gl/RenderGraph.h"
-#include "render/gl/RenderTaxonLabels.h"
-#include "render/gl/SceneBuilder.h"
+#include "render/gl/draw/RenderGraph.h"
+#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/scene/RenderTaxonLabels.h"
+#include "render/gl/scene/SceneBuilder.h"
 #include "tree/Tree.h"
 
 namespace

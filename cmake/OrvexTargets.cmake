@@ -35,9 +35,16 @@ if(NOT ORVEX_SANITIZE AND NOT ORVEX_FUZZ)
   target_link_libraries(orvex_allocator INTERFACE mimalloc)
 endif()
 
-# orvex_add_layer(NAME SOURCES ... LINKS ... [PRIVATE_LINKS ...]): a static library of src/.
+# orvex_add_layer(NAME [SOURCES ...] [LINKS ...] [PRIVATE_LINKS ...]): the library of a folder of
+# src/: static, or headers alone where it has no sources.
 function(orvex_add_layer name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  if(NOT ARG_SOURCES)
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} INTERFACE ${ARG_LINKS})
+    return()
+  endif()
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE orvex_flags ${ARG_PRIVATE_LINKS})

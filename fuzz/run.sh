@@ -4,7 +4,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 export UBSAN_OPTIONS=print_stacktrace=1
-export LSAN_OPTIONS=suppressions=$here/../tools/lint/lsan.supp:print_suppressions=0
+export LSAN_OPTIONS=suppressions=$here/../lint/lsan.supp:print_suppressions=0
 
 fuzz() {
   local target=$4 log="$2/$4.log" options=()

@@ -1,6 +1,6 @@
 #include "gui/TreeListDialog.h"
 
-#include "gui/Strings.h"
+#include "gui/qt/Strings.h"
 #include "tree/TreeData.h"
 #include "ui_TreeListDialog.h"
 

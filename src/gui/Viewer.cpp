@@ -1,8 +1,8 @@
 #include "gui/Viewer.h"
 
-#include "gui/ImageFile.h"
+#include "gui/qt/ImageFile.h"
 #include "render/MouseEvent.h"
-#include "render/gl/ViewCladogram.h"
+#include "render/gl/view/ViewCladogram.h"
 
 #include <boost/make_shared.hpp>
 

@@ -1,6 +1,6 @@
 #include "render/Culler2D.h"
 
-#include "render/InverseMatrix.h"
+#include "foundation/math/InverseMatrix.h"
 
 namespace orvex::render
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/Matrix44.h"
-#include "foundation/Referenced.h"
+#include "foundation/counted/Referenced.h"
+#include "foundation/math/Matrix44.h"
 #include "render/Box2D.h"
 
 namespace orvex::render

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Referenced.h"
+#include "foundation/counted/Referenced.h"
 #include "render/NodeLayoutInfo.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Matrix44.h"
+#include "foundation/math/Matrix44.h"
 
 namespace orvex::render
 {

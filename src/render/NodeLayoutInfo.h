@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Referenced.h"
+#include "foundation/counted/Referenced.h"
 #include "render/Box2D.h"
 #include "render/Edge2D.h"
 #include "render/Point2D.h"

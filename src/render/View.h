@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Referenced.h"
+#include "foundation/counted/Referenced.h"
 #include "render/CameraCladogram.h"
 #include "render/DisplaySettings.h"
 

@@ -1,11 +1,11 @@
 #include "shell/Program.h"
 
 #include "gui/MainWindow.h"
-#include "gui/Strings.h"
+#include "gui/qt/Strings.h"
 #include "shell/Application.h"
 #include "shell/QtOutput.h"
 #include "shell/StreamRedirect.h"
-#include "shell/UserDirectory.h"
+#include "shell/base/UserDirectory.h"
 
 #include <boost/filesystem/operations.hpp>
 

@@ -1,6 +1,6 @@
 #include "shell/QtOutput.h"
 
-#include "gui/Strings.h"
+#include "gui/qt/Strings.h"
 
 #include <algorithm>
 #include <iostream>

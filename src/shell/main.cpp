@@ -1,6 +1,6 @@
-#include "shell/ExceptionHandler.h"
 #include "shell/Program.h"
-#include "shell/StackLimit.h"
+#include "shell/base/ExceptionHandler.h"
+#include "shell/base/StackLimit.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Referenced.h"
+#include "foundation/counted/Referenced.h"
 
 #include <boost/shared_ptr.hpp>
 

@@ -1,6 +1,6 @@
 #include "tree/TreeService.h"
 
-#include "foundation/Http.h"
+#include "foundation/network/Http.h"
 
 #include <sstream>
 #include <stdexcept>

@@ -1,7 +1,7 @@
-#include "Outcome.h"
-#include "gui/Window.h"
-#include "render/gl/FreeType.h"
-#include "render/gl/SceneFixture.h"
+#include "render/gl/font/FreeType.h"
+#include "support/Outcome.h"
+#include "support/SceneFixture.h"
+#include "support/Window.h"
 #include "tree/TreeData.h"
 #include "tree/TreeService.h"
 

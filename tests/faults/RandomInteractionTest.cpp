@@ -1,8 +1,8 @@
-#include "render/gl/OpenGL.h"
+#include "render/gl/device/OpenGL.h"
 
-#include "generator/TreeGenerator.h"
-#include "gui/Window.h"
+#include "generate/TreeGenerator.h"
 #include "render/CameraCladogram.h"
+#include "support/Window.h"
 
 #include <httplib.h>
 

@@ -1,5 +1,5 @@
-#include "gui/Window.h"
 #include "render/DisplaySettings.h"
+#include "support/Window.h"
 #include "tree/Tree.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-#include "gui/Window.h"
 #include "render/CameraCladogram.h"
+#include "support/Window.h"
 
 #include <QTest>
 #include <QWheelEvent>

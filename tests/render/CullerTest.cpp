@@ -1,6 +1,6 @@
-#include "Outcome.h"
 #include "render/Box2D.h"
 #include "render/Culler2D.h"
+#include "support/Outcome.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "generator/TreeGenerator.h"
+#include "generate/TreeGenerator.h"
 #include "render/LayoutCladogram.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"

@@ -1,5 +1,5 @@
-#include "gui/Window.h"
 #include "shell/QtOutput.h"
+#include "support/Window.h"
 
 #include <stdexcept>
 

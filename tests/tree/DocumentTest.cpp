@@ -1,6 +1,6 @@
 #include "tree/Document.h"
 
-#include "Outcome.h"
+#include "support/Outcome.h"
 #include "tree/Tree.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>

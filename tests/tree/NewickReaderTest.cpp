@@ -1,6 +1,6 @@
 #include "tree/NewickReader.h"
 
-#include "Outcome.h"
+#include "support/Outcome.h"
 #include "tree/Tree.h"
 
 #include <boost/lexical_cast.hpp>

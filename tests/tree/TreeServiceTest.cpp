@@ -1,6 +1,6 @@
 #include "tree/TreeService.h"
 
-#include "Outcome.h"
+#include "support/Outcome.h"
 #include "tree/Tree.h"
 #include "tree/TreeData.h"
 

@@ -1,0 +1,56 @@
+#!/usr/bin/env python3
+"""Fails where a source under src/ includes a header of a higher layer, or one of Qt or OpenGL where
+these have no place. Usage: layers.py SRC"""
+
+import pathlib
+import re
+import sys
+
+# Each folder is one layer. From the lowest to the highest.
+LAYERS = ["shell/base", "foundation/counted", "foundation/math", "foundation/network", "compat", "tree",
+          "render", "render/gl/device", "render/gl/font", "render/gl/draw", "render/gl/scene",
+          "render/gl/view", "gui/qt", "gui", "shell"]
+WITH_QT = ("gui/qt", "gui", "shell")
+INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.MULTILINE)
+
+
+def layer_of(path):
+    """The layer of a file, given relative to src/; None for what lies in no folder of the list."""
+    folder = path.parent.as_posix()
+    return folder if folder in LAYERS else None
+
+
+def fault(path, bracket, name):
+    """What is wrong with an include, or None."""
+    own = layer_of(path)
+    if bracket == "<":
+        if re.match(r"(Q[A-Z]|Qt)", name) and own not in WITH_QT:
+            return "Qt"
+        if re.match(r"(GL|GLES\d?|EGL|GLFW)/", name) and not own.startswith("render/gl/"):
+            return "OpenGL"
+        return None
+    if re.fullmatch(r"ui_\w+\.h", name) and own == "gui":
+        return None
+    other = layer_of(pathlib.PurePosixPath(name))
+    if other is None:
+        return "not a path from src/"
+    return "upward" if LAYERS.index(other) > LAYERS.index(own) else None
+
+
+def main(root):
+    files = [f for pattern in ("*.h", "*.h.in", "*.cpp") for f in root.rglob(pattern)]
+    faults = []
+    for file in files:
+        path = file.relative_to(root)
+        if layer_of(path) is None:
+            faults.append(f"{path}: no layer")
+            continue
+        for bracket, name in INCLUDE.findall(file.read_text(encoding="utf-8")):
+            if what := fault(path, bracket, name):
+                faults.append(f"{path} includes {name}: {what}")
+    print("\n".join(faults) or f"{len(files)} files in order")
+    return 1 if faults or not files else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(pathlib.Path(sys.argv[1])))

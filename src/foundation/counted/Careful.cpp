@@ -1,0 +1,195 @@
+#include "foundation/counted/Careful.h"
+
+#include "foundation/counted/InstanceManager.h"
+
+#include <boost/thread/lock_guard.hpp>
+
+#include <iostream>
+#include <limits>
+#include <sstream>
+#include <stdexcept>
+#include <typeinfo>
+
+namespace Kelmar::Base::Ref
+{
+namespace Detail
+{
+
+using Lock = boost::lock_guard<boost::mutex>;
+
+std::string nameOf(const std::type_info& type)
+{
+  const char* name = type.name();
+  return name ? name : "unknown type";
+}
+
+std::string addressOf(const Careful* object)
+{
+  std::ostringstream out;
+  out << static_cast<const void*>(object);
+  return out.str();
+}
+
+// A destructor must not throw, not even for a stream that does.
+// Piece by piece, since there may be no memory to put a line together.
+template <class... Pieces>
+void report(const Pieces&... pieces) noexcept
+{
+  try
+  {
+    (std::cout << ... << pieces) << "\n" << std::flush;
+  }
+  catch (...)
+  {
+  }
+}
+
+} // namespace Detail
+
+Careful::Careful()
+{
+  ::Helper::instanceManager.add(*this);
+}
+
+Careful::Careful(const Careful&) : Careful() {}
+
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is assigned
+Careful& Careful::operator=(const Careful&)
+{
+  return *this;
+}
+
+Careful::~Careful() noexcept(false)
+{
+  ::Helper::instanceManager.remove(*this);
+  unsigned long count = 0;
+  bool marked = false;
+  {
+    const Detail::Lock lock(_mutex);
+    count = _refCount;
+    marked = _markedForDeletion;
+  }
+  if (!marked)
+  {
+    Detail::report("Error 2592561907: Deleting object ", static_cast<const void*>(this),
+                   " which has not been marked for deletion");
+  }
+  if (count != 0)
+  {
+    Detail::report("Error 2427831854: Deleting object ", static_cast<const void*>(this),
+                   " with reference count ", count);
+  }
+}
+
+std::string Careful::typeName() const
+{
+  return Detail::nameOf(typeid(*this));
+}
+
+std::string Careful::_describe() const
+{
+  return "Address " + Detail::addressOf(this) + ", type '" + typeName() + "'";
+}
+
+unsigned long Careful::refCount() const
+{
+  const Detail::Lock lock(_mutex);
+  return _refCount;
+}
+
+void Careful::ref()
+{
+  const Detail::Lock lock(_mutex);
+  if (_markedForDeletion)
+  {
+    throw std::runtime_error(
+        "Error 3162870490: " + _describe() +
+        ", attempting to reference an object that has been marked for deletion");
+  }
+  if (_refCount == std::numeric_limits<unsigned long>::max())
+  {
+    throw std::runtime_error("Error 4544591930: " + _describe() + ", attempting to increment '" +
+                             Detail::nameOf(typeid(_refCount)) + "' with a value of " +
+                             std::to_string(_refCount) + " will overflow");
+  }
+  // Only now is the most derived type known: during construction it was the base's.
+  if (_refCount == 0)
+  {
+    ::Helper::instanceManager.storeType(*this);
+  }
+  ++_refCount;
+}
+
+void Careful::unref(bool allowDeletion)
+{
+  {
+    const Detail::Lock lock(_mutex);
+    if (_markedForDeletion)
+    {
+      throw std::runtime_error(
+          "Error 3760700259: " + _describe() +
+          ", attempting to dereference an object that has been marked for deletion");
+    }
+    if (_refCount == 0)
+    {
+      throw std::runtime_error("Error 1107142984: " + _describe() +
+                               ", attempting to decrement a reference count that is already zero");
+    }
+    --_refCount;
+    if (_refCount != 0 || !allowDeletion)
+    {
+      return;
+    }
+    _markedForDeletion = true;
+  }
+
+  // The name outlives the object: the manager keeps it.
+  static const std::string unknown;
+  const std::string& type = _registeredType ? *_registeredType : unknown;
+  const auto failure = [this, &type](const char* number)
+  {
+    return std::string("Error ") + number + ": deleting address " + Detail::addressOf(this) +
+           " of type '" + type + "' caused an exception";
+  };
+  try
+  {
+    delete this;
+  }
+  catch (const std::exception& e)
+  {
+    const std::string reason = e.what() ? e.what() : "";
+    throw std::runtime_error(failure("3897452156") + (reason.empty() ? "" : ", " + reason));
+  }
+  catch (...)
+  {
+    throw std::runtime_error(failure("2496190937"));
+  }
+}
+
+void intrusive_ptr_add_ref(Careful* object)
+{
+  if (!object)
+  {
+    throw std::runtime_error("Error 6722137890: Referencing a null object");
+  }
+  object->ref();
+}
+
+void intrusive_ptr_release(Careful* object)
+{
+  if (!object)
+  {
+    throw std::runtime_error("Error 6722137890: Dereferencing a null object");
+  }
+  try
+  {
+    object->unref(true);
+  }
+  catch (const std::exception& e)
+  {
+    Detail::report(e.what());
+    throw;
+  }
+}
+
+} // namespace Kelmar::Base::Ref

@@ -1,0 +1,44 @@
+#include "render/gl/device/TextureUpload.h"
+
+#include <boost/core/noncopyable.hpp>
+
+namespace orvex::render::gl
+{
+namespace Detail
+{
+
+/// Saves the pixel store modes of the current context and restores them at the end of the scope.
+class PixelStoreGuard : private boost::noncopyable
+{
+public:
+  PixelStoreGuard() { glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT); }
+  ~PixelStoreGuard() { glPopClientAttrib(); }
+};
+
+} // namespace Detail
+
+void setTextureParameters()
+{
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+}
+
+GLuint uploadTexture(GLenum format, unsigned int width, unsigned int height,
+                     const unsigned char* pixels)
+{
+  GLuint texture = 0;
+  glGenTextures(1, &texture);
+  glBindTexture(GL_TEXTURE_2D, texture);
+  const Detail::PixelStoreGuard guard;
+  glPixelStorei(GL_UNPACK_LSB_FIRST, 0);
+  glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  setTextureParameters();
+  glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), static_cast<GLsizei>(width),
+               static_cast<GLsizei>(height), 0, format, GL_UNSIGNED_BYTE, pixels);
+  return texture;
+}
+
+} // namespace orvex::render::gl

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "foundation/counted/Referenced.h"
+
+namespace orvex::render::gl
+{
+
+class State;
+
+/// What draws itself. RenderGraph sets up the OpenGL state and calls render; the context is
+/// current.
+class Drawable : public Kelmar::Base::Referenced
+{
+public:
+  virtual void render(State& state) const = 0;
+};
+
+} // namespace orvex::render::gl

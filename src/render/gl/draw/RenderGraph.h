@@ -1,0 +1,38 @@
+#pragma once
+
+#include "render/gl/draw/Drawable.h"
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+#include <vector>
+
+namespace orvex::render::gl
+{
+
+/// What one frame draws: proxies, then lines, then labels on top. Lives for one frame.
+class RenderGraph
+{
+public:
+  using Drawables = std::vector<boost::intrusive_ptr<Drawable>>;
+
+  // Null is ignored by all three.
+  void addLowLod(const boost::intrusive_ptr<Drawable>& drawable) { _add(_lowLod, drawable); }
+  void addHighLod(const boost::intrusive_ptr<Drawable>& drawable) { _add(_highLod, drawable); }
+  void addText(const boost::intrusive_ptr<Drawable>& drawable) { _add(_text, drawable); }
+
+  const Drawables& lowLod() const { return _lowLod; }
+  const Drawables& highLod() const { return _highLod; }
+  const Drawables& text() const { return _text; }
+
+  /// Draws the lists into the current context. Leaves the polygon mode GL_LINE behind.
+  void render(State& state) const;
+
+private:
+  static void _add(Drawables& list, const boost::intrusive_ptr<Drawable>& drawable);
+
+  Drawables _lowLod;
+  Drawables _highLod;
+  Drawables _text;
+};
+
+} // namespace orvex::render::gl

@@ -1,0 +1,11 @@
+#include "render/gl/draw/State.h"
+
+namespace orvex::render::gl
+{
+
+Kelmar::Math::Matrix44d State::getLocalToScreenMatrix() const
+{
+  return _viewport.computeWindowMatrix() * _projection * _modelView;
+}
+
+} // namespace orvex::render::gl

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "foundation/counted/Referenced.h"
+#include "render/gl/font/Glyph.h"
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+#include <array>
+#include <limits>
+#include <vector>
+
+using FT_Face = struct FT_FaceRec_*;
+
+namespace orvex::render::gl
+{
+
+/// A face with its glyphs at 32 pixels, rendered as they are asked for. A character is one byte.
+/// Must die before FreeType::destroy().
+class Font : public Kelmar::Base::Referenced
+{
+public:
+  /// Takes the face over.
+  explicit Font(FT_Face face);
+  ~Font() noexcept(false) override;
+
+  /// \return the glyph, owned by the font, or null if the face can't give it
+  Glyph* getGlyph(char c);
+
+  /// How far \p right moves when it follows \p left, in pixels.
+  void getKerning(char left, char right, double& x, double& y);
+
+private:
+  /// In pixels. Not a number until the pair was first asked for.
+  struct Kerning
+  {
+    double x = std::numeric_limits<double>::quiet_NaN();
+    double y = 0.0;
+  };
+
+  Kerning _loadKerning(char left, char right) const;
+
+  // A scene asks for a glyph and a pair for each character of each label: tables, by byte.
+  FT_Face _face;
+  std::array<boost::intrusive_ptr<Glyph>, 256> _glyphs;
+  std::vector<Kerning> _kernings;
+};
+
+} // namespace orvex::render::gl

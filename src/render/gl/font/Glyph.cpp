@@ -1,0 +1,42 @@
+#include "render/gl/font/Glyph.h"
+
+#include "render/gl/device/TextureUpload.h"
+
+namespace orvex::render::gl
+{
+namespace Detail
+{
+
+constexpr GLuint noTexture = 0xFFFFFFFF;
+
+} // namespace Detail
+
+Glyph::Glyph(unsigned int width, unsigned int height)
+    : _buffer(new unsigned char[std::size_t(width) * height]()), _width(width), _height(height)
+{
+}
+
+void Glyph::horizontalBearing(double& x, double& y) const
+{
+  x = _horizontalBearingX;
+  y = _horizontalBearingY;
+}
+
+void Glyph::setHorizontalBearing(double x, double y)
+{
+  _horizontalBearingX = x;
+  _horizontalBearingY = y;
+}
+
+void Glyph::apply()
+{
+  glEnable(GL_TEXTURE_2D);
+  if (_texture != Detail::noTexture)
+  {
+    glBindTexture(GL_TEXTURE_2D, _texture);
+    return;
+  }
+  _texture = uploadTexture(GL_ALPHA, _width, _height, _buffer.get());
+}
+
+} // namespace orvex::render::gl

@@ -1,0 +1,82 @@
+#include "render/gl/scene/CullVisitor.h"
+
+#include "render/gl/draw/RenderGraph.h"
+#include "render/gl/scene/RenderNode.h"
+#include "render/gl/scene/RenderTaxonLabels.h"
+
+#include <utility>
+#include <vector>
+
+namespace orvex::render::gl
+{
+namespace Detail
+{
+
+// The last tenth of depth never gets a proxy.
+constexpr double greatestProxyFraction = 0.9;
+// A clade that fills this share of the viewport's height is always opened.
+constexpr double leastOpenShare = 0.25;
+
+} // namespace Detail
+
+CullVisitor::CullVisitor(State* state, unsigned int zoomLevel, unsigned int numberOfZoomLevels,
+                         RenderGraph* renderGraph, boost::intrusive_ptr<DisplaySettings> settings)
+    : _state(state),
+      _culler(new Culler2D(state->modelViewMatrix(), state->projectionMatrix())),
+      _zoomLevel(zoomLevel),
+      _numberOfZoomLevels(numberOfZoomLevels),
+      _renderGraph(renderGraph),
+      _displaySettings(std::move(settings)),
+      _localToScreen(state->getLocalToScreenMatrix())
+{
+}
+
+void CullVisitor::visit(RenderNode& node)
+{
+  if (_culler->isCulled(node.boundingBox()))
+  {
+    return;
+  }
+  if (_isShownAsProxy(node))
+  {
+    _renderGraph->addLowLod(node.lowLod());
+    return;
+  }
+  _renderGraph->addHighLod(node.highLod());
+  node.traverse(*this);
+}
+
+bool CullVisitor::_isShownAsProxy(const RenderNode& node) const
+{
+  return !_displaySettings->alwaysUseHighLod() && _zoomLevel != _numberOfZoomLevels &&
+         _numberOfZoomLevels != 1 && !(node.lodFraction() > Detail::greatestProxyFraction) &&
+         node.lodFraction() * _numberOfZoomLevels > _zoomLevel &&
+         _shareOfHeight(node.boundingBox()) < Detail::leastOpenShare;
+}
+
+double CullVisitor::_shareOfHeight(const Box2D& box) const
+{
+  using Kelmar::Math::Vector3d;
+  const Vector3d low = _localToScreen * Vector3d(box.minimum.x, box.minimum.y, 0.0);
+  const Vector3d high = _localToScreen * Vector3d(box.maximum.x, box.maximum.y, 0.0);
+  const Viewport& viewport = _state->viewport();
+  return (high[1] - low[1]) / (double(viewport.height) - double(viewport.y));
+}
+
+void CullVisitor::visit(RenderTaxonLabels& labels)
+{
+  if (!_displaySettings->drawText())
+  {
+    return;
+  }
+  // Only rows are tested: a label left or right of the viewport stays, and OpenGL clips it.
+  const Viewport& viewport = _state->viewport();
+  std::vector<Text*> shown;
+  labels.findTextForLevel(_zoomLevel, *_state, viewport.y, viewport.height, shown);
+  for (Text* text : shown)
+  {
+    _renderGraph->addText(text);
+  }
+}
+
+} // namespace orvex::render::gl

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "foundation/math/Matrix44.h"
+#include "render/Culler2D.h"
+#include "render/DisplaySettings.h"
+#include "render/gl/draw/State.h"
+#include "render/gl/scene/Visitor.h"
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+namespace orvex::render::gl
+{
+
+class RenderGraph;
+
+/// Decides for one frame what of a scene is seen and in how much detail, and lists it. Draws
+/// nothing and needs no context.
+class CullVisitor : public Visitor
+{
+public:
+  /// \param renderGraph  the caller's, for as long as this visitor is used
+  /// \throws std::runtime_error  if the state's matrices can't be inverted
+  CullVisitor(State* state, unsigned int zoomLevel, unsigned int numberOfZoomLevels,
+              RenderGraph* renderGraph, boost::intrusive_ptr<DisplaySettings> settings);
+
+  using Visitor::visit;
+  void visit(RenderNode& node) override;
+  void visit(RenderTaxonLabels& labels) override;
+
+private:
+  bool _isShownAsProxy(const RenderNode& node) const;
+  double _shareOfHeight(const Box2D& box) const;
+
+  boost::intrusive_ptr<State> _state;
+  boost::intrusive_ptr<Culler2D> _culler;
+  unsigned int _zoomLevel;
+  unsigned int _numberOfZoomLevels;
+  RenderGraph* _renderGraph;
+  boost::intrusive_ptr<DisplaySettings> _displaySettings;
+  // The state doesn't change during a pass, so the product of its matrices is formed once.
+  Kelmar::Math::Matrix44d _localToScreen;
+};
+
+} // namespace orvex::render::gl

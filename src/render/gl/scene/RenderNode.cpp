@@ -1,0 +1,38 @@
+#include "render/gl/scene/RenderNode.h"
+
+#include "render/LayoutInfo2D.h"
+#include "render/gl/draw/LineStrip.h"
+#include "render/gl/draw/Triangle.h"
+#include "render/gl/scene/Visitor.h"
+#include "tree/Tree.h"
+
+namespace orvex::render::gl
+{
+
+RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
+                       const boost::intrusive_ptr<LayoutInfo2D>& layout)
+    : _nodeId(node)
+{
+  if (!tree || !layout)
+  {
+    return;
+  }
+  const NodeLayoutInfo& info = layout->layoutInfoForNode(node);
+  const NodeLayoutInfo& root = layout->layoutInfoForNode(tree->getRootNodeId());
+  // A root without height is a leaf, and keeps a leaf's 1.0.
+  if (root.depthToLeaf != 0)
+  {
+    _lodFraction = 1.0 - info.depthToLeaf / static_cast<double>(root.depthToLeaf);
+  }
+  _boundingBox = info.boundingBox;
+  _lowLod = new Triangle(info.position, {_boundingBox.maximum.x, _boundingBox.minimum.y},
+                         {_boundingBox.maximum.x, _boundingBox.maximum.y});
+  _highLod = new LineStrip(info.edges);
+}
+
+void RenderNode::accept(Visitor& visitor)
+{
+  visitor.visit(*this);
+}
+
+} // namespace orvex::render::gl

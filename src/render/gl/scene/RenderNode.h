@@ -1,0 +1,46 @@
+#pragma once
+
+#include "render/gl/draw/Drawable.h"
+#include "render/gl/scene/Group.h"
+
+#include <boost/shared_ptr.hpp>
+
+namespace orvex
+{
+class Tree;
+}
+
+namespace orvex::render
+{
+class LayoutInfo2D;
+}
+
+namespace orvex::render::gl
+{
+
+/// The lines of one tree node: the elbows to its children, and a proxy for its whole clade. Its
+/// children are those of the tree node. Its box is the clade's, in world units.
+class RenderNode : public Group
+{
+public:
+  /// Copies what it needs; keeps neither tree nor layout. Where one of them is null, the node has
+  /// an empty box and no drawables.
+  RenderNode(int node, const boost::shared_ptr<Tree>& tree,
+             const boost::intrusive_ptr<LayoutInfo2D>& layout);
+
+  void accept(Visitor& visitor) override;
+
+  int nodeId() const { return _nodeId; }
+  const boost::intrusive_ptr<Drawable>& lowLod() const { return _lowLod; }
+  const boost::intrusive_ptr<Drawable>& highLod() const { return _highLod; }
+  /// Relative depth, by height above the leaves: 0.0 at the root, 1.0 at a leaf.
+  double lodFraction() const { return _lodFraction; }
+
+private:
+  int _nodeId;
+  boost::intrusive_ptr<Drawable> _lowLod;
+  boost::intrusive_ptr<Drawable> _highLod;
+  double _lodFraction = 1.0;
+};
+
+} // namespace orvex::render::gl

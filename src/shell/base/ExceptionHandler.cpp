@@ -1,0 +1,31 @@
+#include "shell/base/ExceptionHandler.h"
+
+#include <ostream>
+#include <sstream>
+
+namespace Kelmar::Functions::Helper
+{
+namespace Detail
+{
+
+void write(const char* id, const char* text, std::ostream& out)
+{
+  std::ostringstream line;
+  line << "Error " << id << ": " << text << "\n";
+  out << line.str() << std::flush;
+}
+
+} // namespace Detail
+
+void exceptionHandler(const char* id, std::ostream& out)
+{
+  Detail::write(id ? id : "1129262471", "exception generated when calling wrapped function", out);
+}
+
+void exceptionHandler(const char* id, const std::exception& e, std::ostream& out)
+{
+  const char* text = e.what();
+  Detail::write(id ? id : "3830268935", text ? text : "", out);
+}
+
+} // namespace Kelmar::Functions::Helper

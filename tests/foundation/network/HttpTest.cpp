@@ -1,0 +1,50 @@
+#include "foundation/network/Http.h"
+
+#include "foundation/network/Curl.h"
+#include "support/Outcome.h"
+
+#include <httplib.h>
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+using namespace Kelmar::Network;
+using orvex::test::errorOf;
+
+/// The body, or else the error.
+std::string download(const std::string& url, unsigned int timeoutMilliseconds = 0)
+{
+  std::ostringstream stream;
+  const std::string error = errorOf([&] { Http(url).download(&stream, timeoutMilliseconds); });
+  return error.empty() ? stream.str() : error;
+}
+
+// What a real server does is seen where the viewer asks one.
+TEST(Http, GivesTheBodyOrTheReasonAndTheUrl)
+{
+  const std::string folder = orvex::test::newFolder();
+  std::string large(50'000'000, 'x');
+  large.back() = '\0';
+  const std::string url = "file://" + orvex::test::written(folder + "/large", large);
+  EXPECT_TRUE(download(url, 60000) == large);
+  EXPECT_EQ(download("file://" + orvex::test::written(folder + "/empty", "")), "");
+  std::ostringstream stream;
+  EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size()).download(); }), "");
+  EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size() - 1).download(); }),
+            "Error 3886626924: The answer is longer than 49999999 bytes, URL = " + url);
+  EXPECT_EQ(errorOf([&] { Http(url).download(nullptr, 0); }),
+            "Error 2742979881: stream is not valid.");
+  setenv("no_proxy", "*", 1);
+  httplib::Server silent;
+  const int port = silent.bind_to_any_port("127.0.0.1");
+  for (const auto& [server, reason] : {std::pair(port, "timed out"), std::pair(1, "connect to")})
+  {
+    EXPECT_THAT(download("http://127.0.0.1:" + std::to_string(server) + "/x", 150),
+                testing::MatchesRegex(std::string("Error 3886626924: .*") + reason +
+                                      ".*, URL = http://127.0.0.1:[0-9]+/x"));
+  }
+}
+
+} // namespace

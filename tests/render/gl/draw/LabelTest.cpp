@@ -1,0 +1,124 @@
+#include "render/gl/font/FontFile.h"
+#include "render/gl/font/FreeType.h"
+#include "render/gl/font/Glyph.h"
+#include "support/SceneFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <random>
+
+namespace
+{
+
+using namespace orvex::render;
+using namespace orvex::render::gl;
+
+TEST(Label, LaysGlyphsAlongThePenAt15Pixels)
+{
+  constexpr double scale = 15.0 / 32.0;
+  EXPECT_FALSE(FreeType::instance()->createFont("/no/such/font.ttf"));
+  const auto font = FreeType::instance()->createFont(systemFontFile("Arial"));
+  Glyph* h = font->getGlyph('H');
+  EXPECT_EQ(font->getGlyph('H'), h) << "made once";
+  EXPECT_NEAR(h->height(), 23, 1) << "the height of capitals in 32 pixels";
+  EXPECT_GT(std::count(h->buffer(), h->buffer() + h->width() * h->height(), 255), 60);
+
+  const std::string name = "AVA gq";
+  const boost::intrusive_ptr<Text> text(new Text({0.0, 0.0}, name, font));
+  ASSERT_EQ(text->numberOfGlyphs(), name.size());
+  double pen = 0.0;
+  for (std::size_t i = 0; i < name.size(); ++i)
+  {
+    const Glyph& glyph = *font->getGlyph(name[i]);
+    double x0 = 0.0, y0 = 0.0, kerning = 0.0, unused = 0.0;
+    glyph.horizontalBearing(x0, y0);
+    EXPECT_EQ(y0 < -4.0, name[i] == 'g' || name[i] == 'q') << "the bottom edge";
+    x0 = pen + x0 * scale;
+    y0 *= scale;
+    const double x1 = x0 + glyph.width() * scale;
+    const double y1 = y0 + glyph.height() * scale;
+    EXPECT_THAT(std::vector<double>(text->quad(i), text->quad(i) + 8),
+                testing::Pointwise(testing::DoubleNear(1e-4), {x0, y0, x1, y0, x1, y1, x0, y1}));
+    if (i > 0)
+    {
+      font->getKerning(name[i - 1], name[i], kerning, unused);
+    }
+    pen += (glyph.horizontalAdvance() + kerning) * scale;
+  }
+  EXPECT_LT(text->quad(1)[0], text->quad(0)[2]) << "A and V kern, so that they overlap";
+  EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().minimum.x), text->quad(0)[0]);
+  EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().maximum.x), text->quad(5)[4]);
+  const boost::intrusive_ptr<Text> bare(new Text({0.5, 0.5}, "name", nullptr));
+  EXPECT_FALSE(bare->getBoundingBoxScreenSpace(Kelmar::Math::Matrix44d()).valid());
+}
+
+using Rows = std::vector<std::pair<double, std::string>>;
+
+/// Labels in a column. One unit is one pixel in an area of size 2.
+struct Column
+{
+  explicit Column(const Rows& rows)
+  {
+    for (const auto& [row, name] : rows)
+    {
+      labels->addText({0.0, row}, name);
+    }
+    state->viewport({0, 0, 2, 2});
+  }
+  boost::intrusive_ptr<RenderTaxonLabels> labels{new RenderTaxonLabels};
+  boost::intrusive_ptr<State> state{new State};
+};
+
+TEST(Label, ThinningComparesWithTheLastLabelKept)
+{
+  // A capital is 23 * 0.46875 = 10.8 pixels high. An empty label is kept and runs into nothing.
+  for (const auto& [second, third, middle, expected] :
+       {std::tuple(95.0, 88.0, "B", "101"), std::tuple(95.0, 91.0, "B", "001"), // C runs into A
+        std::tuple(80.0, 60.0, "B", "111"), std::tuple(99.0, 98.0, "", "111")})
+  {
+    const Column column({{100.0, "A"}, {second, middle}, {third, "C"}});
+    for (const unsigned int size : {2u, 2000u}) // a level is decided once
+    {
+      column.state->viewport({0, 0, size, size});
+      std::string kept; // the last label first
+      to_string(column.labels->getOrCreateTextForLevel(3, *column.state), kept);
+      EXPECT_EQ(kept, expected) << second << " " << third;
+    }
+  }
+}
+
+// The walk over what is in view against the walk over everything.
+TEST(Label, FindsTheLabelsOfARangeOfRows)
+{
+  std::mt19937 random(99);
+  Rows rows;
+  for (double row = 3000.0; rows.size() < 500; row -= 0.01 * double(random() % 1200))
+  {
+    rows.emplace_back(row, rows.size() % 7 == 0 ? "" : rows.size() % 2 == 0 ? "gjq" : "TEA");
+  }
+  const Column column(rows);
+  const auto& kept = column.labels->getOrCreateTextForLevel(0, *column.state);
+  const auto& texts = column.labels->texts();
+  const Kelmar::Math::Matrix44d matrix = column.state->getLocalToScreenMatrix();
+  for (int round = 0; round < 300; ++round)
+  {
+    // Ends on the border of a label, or anywhere.
+    const Box2D border = texts[1 + random() % 499]->getBoundingBoxScreenSpace(matrix);
+    const double low = round % 2 && border.valid() ? border.maximum.y : double(random() % 3000);
+    const double high = low + double(random() % 600);
+    std::vector<Text*> expected;
+    for (std::size_t i = kept.find_first(); i < kept.size(); i = kept.find_next(i))
+    {
+      const Box2D box = texts[i]->getBoundingBoxScreenSpace(matrix);
+      if (std::min(box.maximum.y, high) >= std::max(box.minimum.y, low))
+      {
+        expected.push_back(texts[i].get());
+      }
+    }
+    std::vector<Text*> found;
+    column.labels->findTextForLevel(0, *column.state, low, high, found);
+    EXPECT_EQ(found, expected) << "rows " << low << " to " << high;
+  }
+}
+
+} // namespace

@@ -1,0 +1,208 @@
+#include "support/SceneFixture.h"
+
+#include "foundation/counted/InstanceManager.h"
+#include "render/CameraCladogram.h"
+#include "render/gl/draw/LineStrip.h"
+#include "render/gl/draw/RenderGraph.h"
+#include "render/gl/draw/Triangle.h"
+#include "render/gl/scene/CullVisitor.h"
+#include "support/Outcome.h"
+
+#include <boost/make_shared.hpp>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <sstream>
+#include <thread>
+
+namespace
+{
+
+using namespace orvex::render;
+using namespace orvex::render::gl;
+using Kelmar::Math::Matrix44d;
+using orvex::test::Scene;
+
+/// A node and what is below it as indented text: the proxy's corners, then those of the lines.
+void write(const RenderNode& node, const std::string& indent, std::ostream& out)
+{
+  const auto& lines = dynamic_cast<const LineStrip&>(*node.highLod());
+  out << indent << node.nodeId() << " lod " << node.lodFraction() << " proxy";
+  const auto points = [&](const auto& vertices)
+  {
+    for (const Vector2f& vertex : vertices)
+    {
+      out << " " << vertex[0] << "," << vertex[1];
+    }
+  };
+  points(dynamic_cast<const Triangle&>(*node.lowLod()).vertices());
+  out << " lines of " << testing::PrintToString(lines.lengths());
+  points(lines.vertices());
+  out << "\n";
+  for (const auto& child : node.children())
+  {
+    write(dynamic_cast<const RenderNode&>(*child), indent + "  ", out);
+  }
+}
+
+TEST(Scene, MirrorsTheTreeWithLabelsFirst)
+{
+  const Scene scene("((A,B),C);");
+  for (const auto& [address, type] : Helper::instanceManager.objects())
+  {
+    EXPECT_EQ(type.find("Layout"), std::string::npos) << "the scene keeps " << type;
+  }
+  std::ostringstream out;
+  out.precision(4);
+  for (const auto& text :
+       dynamic_cast<const RenderTaxonLabels&>(*scene.builder.root()->children().at(0)).texts())
+  {
+    out << text->text() << " at " << text->position().x << " " << text->position().y << "\n";
+  }
+  write(scene.lines(), "", out);
+  EXPECT_EQ(out.str(), R"(A at 1.001 1
+B at 1.001 0.6667
+C at 1.001 0.3333
+0 lod 0 proxy 0,0.5833 1,0.3333 1,1 lines of { 3, 3 })"
+                       R"( 0,0.5833 0,0.8333 0.7404,0.8333 0,0.5833 0,0.3333 1,0.3333
+  1 lod 0.5 proxy 0.7404,0.8333 1,0.6667 1,1 lines of { 3, 3 })"
+                       R"( 0.7404,0.8333 0.7404,1 1,1 0.7404,0.8333 0.7404,0.6667 1,0.6667
+    2 lod 1 proxy 1,1 1,1 1,1 lines of {}
+    3 lod 1 proxy 1,0.6667 1,0.6667 1,0.6667 lines of {}
+  4 lod 1 proxy 1,0.3333 1,0.3333 1,0.3333 lines of {}
+)");
+}
+
+TEST(Scene, OfOneNodeOrOfNothing)
+{
+  const auto tree = boost::make_shared<orvex::Tree>();
+  tree->setRootNodeId(tree->createNode());
+  tree->setName(0, "alone");
+  const Scene scene(tree);
+  EXPECT_EQ(scene.lines().lodFraction(), 1.0);
+  EXPECT_EQ(scene.lines().boundingBox().minimum.x, 1.0);
+  EXPECT_GT(scene.builder.maximumTextLength(), 20u);
+
+  EXPECT_FALSE(Scene(boost::make_shared<orvex::Tree>()).builder.root()) << "no root, no layout";
+  EXPECT_FALSE(Scene(boost::shared_ptr<orvex::Tree>()).builder.root());
+  const boost::intrusive_ptr<RenderNode> node(new RenderNode(7, nullptr, nullptr));
+  node->addChild(nullptr);
+  EXPECT_TRUE(node->children().empty());
+}
+
+TEST(Scene, OfAFileThatIsTruncatedOrChangesWhileItIsRead)
+{
+  const std::string name = orvex::test::newFolder() + "/tree.nwk";
+  const std::string whole = "((a:1.5e-3,b:-2)x:1,(c:4,(d,e)y)z:0.5);\n";
+  for (std::size_t length = 0; length <= whole.size(); ++length)
+  {
+    const Scene scene(orvex::NewickReader()(orvex::test::written(name, whole.substr(0, length))));
+    EXPECT_EQ(scene.builder.root() != nullptr, length > 0) << "a cut length is never read";
+  }
+  const std::string half = "(a" + std::string(20000, ',');
+  std::atomic<bool> done(false);
+  std::thread writer(
+      [&]
+      {
+        while (!done)
+        {
+          std::ofstream(name) << half << std::flush << half << ");";
+        }
+      });
+  int trees = 0;
+  // The writer may not get to run, or leave the file empty for many reads.
+  for (int i = 0; trees < 20 && i < 1000000; ++i)
+  {
+    orvex::test::errorOf([&]
+                         { trees += Scene(orvex::NewickReader()(name)).builder.root() ? 1 : 0; });
+  }
+  done = true;
+  writer.join();
+  EXPECT_GT(trees, 0) << "else no read met the file";
+}
+
+struct Pass
+{
+  unsigned int level = 4, levels = 10;
+  double zoom = 1.0, pan = 0.0;
+  bool alwaysHigh = false, drawText = true;
+};
+
+/// Makes a culling pass in an area of 800 by 600 pixels and checks what it chose.
+/// \return the number of proxies and of labels
+std::pair<std::size_t, std::size_t> cull(const Scene& scene, const Pass& pass)
+{
+  const Viewport viewport{0, 0, 800, 600};
+  const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+  camera->updateZoomInformation(100000, 18, viewport);
+  camera->zoomByAmount(pass.zoom - 1.0);
+  camera->pan(0.0, pass.pan);
+  const boost::intrusive_ptr<State> state(new State);
+  state->viewport(viewport);
+  state->modelViewMatrix(camera->viewMatrix(viewport));
+  state->projectionMatrix(Matrix44d::orthographic(0, 800, 0, 600, -10, 10));
+  const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
+  settings->alwaysUseHighLod(pass.alwaysHigh);
+  settings->drawText(pass.drawText);
+  RenderGraph graph;
+  const boost::intrusive_ptr<CullVisitor> visitor(
+      new CullVisitor(state.get(), pass.level, pass.levels, &graph, settings));
+  scene.builder.root()->accept(*visitor);
+
+  // The rules read one after the other, without a visitor.
+  RenderGraph::Drawables low, high;
+  const auto rowOf = [&](const Point2D<double>& p)
+  { return (state->getLocalToScreenMatrix() * Kelmar::Math::Vector3d(p.x, p.y, 0.0))[1]; };
+  const std::function<void(const RenderNode&)> choose = [&](const RenderNode& node)
+  {
+    const double bottom = rowOf(node.boundingBox().minimum);
+    const double top = rowOf(node.boundingBox().maximum);
+    if (bottom > 600.0 || top < 0.0)
+    {
+      return;
+    }
+    if (!pass.alwaysHigh && pass.level != pass.levels && pass.levels != 1 &&
+        node.lodFraction() <= 0.9 && node.lodFraction() * pass.levels > pass.level &&
+        (top - bottom) / 600.0 < 0.25)
+    {
+      return low.push_back(node.lowLod());
+    }
+    high.push_back(node.highLod());
+    for (const auto& child : node.children())
+    {
+      choose(dynamic_cast<const RenderNode&>(*child));
+    }
+  };
+  choose(scene.lines());
+  EXPECT_EQ(graph.lowLod(), low);
+  EXPECT_EQ(graph.highLod(), high);
+  return {low.size(), graph.text().size()};
+}
+
+TEST(Culling, ChoosesByBoxDepthZoomAndHeight)
+{
+  const Scene scene(orvex::test::randomNewick(600, 7));
+  std::size_t proxies = 0;
+  for (const unsigned int level : {0u, 1u, 3u, 7u, 9u, 10u, 12u})
+  {
+    for (const auto& [zoom, pan] :
+         {std::pair(1.0, 0.0), std::pair(1.0, 0.37), std::pair(1.0, -3.0), std::pair(2.5, 0.0),
+          std::pair(2.5, 0.37), std::pair(2.5, -0.45), std::pair(40.0, 0.37),
+          std::pair(40.0, -0.45)})
+    {
+      SCOPED_TRACE(testing::Message() << "level " << level << " zoom " << zoom << " pan " << pan);
+      proxies += cull(scene, {level, 10, zoom, pan}).first;
+    }
+  }
+  EXPECT_GT(proxies, 300u) << "else this compares empty lists";
+  EXPECT_GT(cull(scene, {0}).first, 3u);
+  EXPECT_EQ(cull(scene, {10}).first, 0u) << "the greatest zoom";
+  EXPECT_EQ(cull(scene, {0, 1}).first, 0u) << "only one level";
+  EXPECT_EQ(cull(scene, {0, 10, 1.0, 0.0, true}).first, 0u) << "the user's switch";
+  EXPECT_EQ(cull(scene, {4, 10, 1.0, 0.0, false, false}).second, 0u) << "no text";
+  // No label is dropped: the pass before decided nothing.
+  EXPECT_EQ(cull(scene, {4, 10, 60.0}).second, 11u) << "58 pixels a leaf";
+}
+
+} // namespace

@@ -1,0 +1,60 @@
+#include "shell/base/Environment.h"
+#include "shell/base/NoThrow.h"
+#include "shell/base/UserDirectory.h"
+#include "support/Outcome.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace
+{
+
+using Kelmar::System::Environment;
+using Kelmar::User::Directory;
+using orvex::test::errorOf;
+
+TEST(Guard, WritesOneLineForAFailureAndGoesOn)
+{
+  using Kelmar::Functions::noThrow;
+  using Kelmar::Functions::Helper::exceptionHandler;
+  EXPECT_EQ(orvex::test::printed(
+                []
+                {
+                  noThrow([] {}, "2445711089");
+                  noThrow([] { throw std::out_of_range("too far"); }, "2445711089");
+                  noThrow([] { throw 17; }, "8033290760");
+                  exceptionHandler(nullptr, std::cout);
+                  exceptionHandler(nullptr, std::runtime_error("why"), std::cout);
+                }),
+            "Error 2445711089: too far\n"
+            "Error 8033290760: exception generated when calling wrapped function\n"
+            "Error 1129262471: exception generated when calling wrapped function\n"
+            "Error 3830268935: why\n");
+}
+
+TEST(UserDirectory, LosesOneSlashOfTheHomeDirectoryAndSaysWhatIsMissing)
+{
+  const std::string before = Environment::get("HOME");
+  for (const std::string expected : {"/home/user", "/home/user/", ""})
+  {
+    setenv("HOME", (expected + "/").c_str(), 1);
+    EXPECT_EQ(Directory::documents(), expected);
+    EXPECT_EQ(Directory::program("Vendor", "a b"), expected + "/.Vendor/a b");
+  }
+  EXPECT_EQ(errorOf([] { Directory::vendor(""); }), "Error 2017220875: Empty vendor name given.");
+  EXPECT_EQ(errorOf([] { Directory::program("", ""); }),
+            "Error 3166677210: Empty program name given.");
+  for (const char* home : {"", static_cast<const char*>(nullptr)})
+  {
+    home ? setenv("HOME", home, 1) : unsetenv("HOME");
+    EXPECT_EQ(errorOf([] { Directory::program("Vendor", "viewer"); }) +
+                  errorOf(&Directory::documents),
+              "Error 3888703160: Failed to find user's application-data directory"
+              "Error 2322383190: Failed to find user's document directory");
+  }
+  setenv("HOME", before.c_str(), 1);
+}
+
+} // namespace

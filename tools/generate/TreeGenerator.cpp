@@ -1,0 +1,171 @@
+#include "generate/TreeGenerator.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <utility>
+
+namespace orvex::tools
+{
+namespace Detail
+{
+
+constexpr unsigned int mostChildren = 50;
+
+constexpr std::array<const char*, 32> syllables{
+    "ba",  "cor", "del", "fi",  "gal", "ho",  "lix", "ma",  "nor", "pe", "ra",
+    "sil", "to",  "ur",  "ven", "xa",  "ze",  "bra", "ci",  "dro", "em", "fur",
+    "ga",  "li",  "mus", "ni",  "or",  "pti", "ru",  "sto", "ta",  "vul"};
+
+void appendDigits(std::string& text, unsigned int value, unsigned int digits)
+{
+  text.append(digits, '0');
+  for (auto digit = text.rbegin(); digits > 0; --digits, ++digit, value /= 10)
+  {
+    *digit = static_cast<char>('0' + value % 10);
+  }
+}
+
+} // namespace Detail
+
+TreeShape shapeFromName(const std::string& name)
+{
+  constexpr std::pair<const char*, TreeShape> shapes[] = {{"random", TreeShape::Random},
+                                                          {"balanced", TreeShape::Balanced},
+                                                          {"ladder", TreeShape::Ladder},
+                                                          {"star", TreeShape::Star},
+                                                          {"polytomy", TreeShape::Polytomy}};
+  for (const auto& [known, shape] : shapes)
+  {
+    if (name == known)
+    {
+      return shape;
+    }
+  }
+  throw std::invalid_argument("'" + name +
+                              "' is no shape: random, balanced, ladder, star or polytomy");
+}
+
+std::string TreeGenerator::newick(TreeShape shape, unsigned int leaves, bool withLengths)
+{
+  if (leaves == 0 || leaves > mostLeaves)
+  {
+    throw std::invalid_argument("a tree has from 1 to " + std::to_string(mostLeaves) + " leaves");
+  }
+  return _write(_grow(shape, leaves), leaves, withLengths);
+}
+
+std::vector<TreeGenerator::Node> TreeGenerator::_grow(TreeShape shape, unsigned int leaves)
+{
+  std::vector<Node> nodes(1);
+  nodes.reserve(std::size_t(2) * leaves);
+  std::vector<unsigned int> open{0}; // the leaves so far
+  open.reserve(leaves);
+  do
+  {
+    const unsigned int count = static_cast<unsigned int>(open.size());
+    const unsigned int place = _chooseLeaf(shape, count);
+    const unsigned int children = _chooseChildren(shape, leaves - count + 1);
+    const unsigned int first = static_cast<unsigned int>(nodes.size());
+    nodes[open[place]] = {first, children};
+    nodes.resize(nodes.size() + children);
+    open[place] = first;
+    for (unsigned int i = 1; i < children; ++i)
+    {
+      open.push_back(first + i);
+    }
+  } while (open.size() < leaves);
+  return nodes;
+}
+
+unsigned int TreeGenerator::_chooseLeaf(TreeShape shape, unsigned int count)
+{
+  switch (shape)
+  {
+  case TreeShape::Balanced:
+  {
+    // A first child takes its parent's place and the others go to the end, so a level is full
+    // whenever the count is a power of two.
+    unsigned int full = 1;
+    while (full <= count / 2)
+    {
+      full *= 2;
+    }
+    return count - full;
+  }
+  case TreeShape::Ladder:
+  case TreeShape::Star:
+    return count - 1;
+  case TreeShape::Random:
+  case TreeShape::Polytomy:
+    break;
+  }
+  return _below(count);
+}
+
+unsigned int TreeGenerator::_chooseChildren(TreeShape shape, unsigned int most)
+{
+  switch (shape)
+  {
+  case TreeShape::Star:
+    return most;
+  case TreeShape::Polytomy:
+    return std::min(2 + _below(Detail::mostChildren - 1), most);
+  case TreeShape::Random:
+  case TreeShape::Balanced:
+  case TreeShape::Ladder:
+    break;
+  }
+  return std::min(2u, most);
+}
+
+std::string TreeGenerator::_write(const std::vector<Node>& nodes, unsigned int leaves,
+                                  bool withLengths)
+{
+  std::string text;
+  text.reserve(std::size_t(leaves) * (withLengths ? 34 : 18));
+  // A node and which of its children comes next.
+  std::vector<std::pair<unsigned int, unsigned int>> open{{0, 0}};
+  while (!open.empty())
+  {
+    auto& [id, next] = open.back();
+    const Node& node = nodes[id];
+    if (next < node.numberOfChildren)
+    {
+      text += next == 0 ? '(' : ',';
+      open.emplace_back(node.firstChild + next++, 0);
+      continue;
+    }
+    open.pop_back();
+    if (node.numberOfChildren == 0)
+    {
+      _writeName(text);
+    }
+    else
+    {
+      text += ')';
+    }
+    if (withLengths && !open.empty())
+    {
+      text += ":0.";
+      Detail::appendDigits(text, 1 + _below(99'999), 5);
+    }
+  }
+  return text + ';';
+}
+
+void TreeGenerator::_writeName(std::string& text)
+{
+  // Five bits for each syllable, the rest for the number.
+  unsigned int bits = static_cast<unsigned int>(_random());
+  const std::size_t start = text.size();
+  for (int i = 0; i < 4; ++i, bits >>= 5)
+  {
+    text += i == 2 ? "_" : "";
+    text += Detail::syllables[bits % 32];
+  }
+  text[start] = static_cast<char>(text[start] - 'a' + 'A');
+  Detail::appendDigits(text, bits % 100, 2);
+}
+
+} // namespace orvex::tools

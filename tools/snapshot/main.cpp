@@ -1,0 +1,207 @@
+// Draws a tree file as the viewer does and writes the picture. Needs a display, if a virtual one.
+
+#include "gui/Viewer.h"
+#include "gui/qt/ImageFile.h"
+#include "gui/qt/Strings.h"
+#include "render/CameraCladogram.h"
+#include "render/DisplaySettings.h"
+#include "render/gl/font/FreeType.h"
+#include "shell/base/StackLimit.h"
+#include "tree/Document.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QWindow>
+
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+
+namespace
+{
+
+using Tools::Qt::text;
+
+const char* const usage =
+    "usage: orvex-snapshot TREE IMAGE [--size WxH] [--zoom Z] [--pan Y] [--all]";
+// Beyond this, the buffers of a frame with its samples no longer fit into usual memories.
+constexpr int largestSide = 8192;
+constexpr qint64 millisecondsForWindow = 10000;
+
+struct Request
+{
+  std::string tree;
+  std::string image;
+  QSize size;
+  double zoom = 1.0;
+  double pan = 0.0;
+  bool all = false;
+  bool help = false;
+};
+
+QSize toSize(const QString& value)
+{
+  const auto match = QRegularExpression("^(\\d{1,5})x(\\d{1,5})$").match(value);
+  const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+  if (size.isEmpty() || size.width() > largestSide || size.height() > largestSide)
+  {
+    throw std::invalid_argument("'" + text(value) + "' is no size such as 1000x600, from 1x1 to " +
+                                std::to_string(largestSide) + "x" + std::to_string(largestSide));
+  }
+  return size;
+}
+
+double toNumber(const QString& value)
+{
+  bool valid = false;
+  const double number = value.toDouble(&valid);
+  if (!valid || !std::isfinite(number))
+  {
+    throw std::invalid_argument("'" + text(value) + "' is no number");
+  }
+  return number;
+}
+
+Request parse(const QStringList& arguments)
+{
+  QCommandLineParser parser;
+  parser.addOptions({{"size", "", "WxH", "1000x600"},
+                     {"zoom", "", "Z", "1"},
+                     {"pan", "", "Y", "0"},
+                     {"all", ""},
+                     {"help", ""}});
+  if (!parser.parse(arguments))
+  {
+    throw std::invalid_argument(text(parser.errorText()) + " " + usage);
+  }
+  const QStringList names = parser.positionalArguments();
+  Request request;
+  request.help = parser.isSet("help");
+  if (names.size() != 2 && !request.help)
+  {
+    throw std::invalid_argument(usage);
+  }
+  request.tree = Tools::Qt::fileName(names.value(0));
+  request.image = Tools::Qt::fileName(names.value(1));
+  request.size = toSize(parser.value("size"));
+  request.zoom = toNumber(parser.value("zoom"));
+  request.pan = toNumber(parser.value("pan"));
+  request.all = parser.isSet("all");
+  return request;
+}
+
+boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
+{
+  const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
+  try
+  {
+    document->read(name);
+  }
+  catch (const std::exception& e)
+  {
+    throw std::runtime_error("can't read '" + name + "': " + e.what());
+  }
+  if (!document->getTree())
+  {
+    throw std::runtime_error("no tree in '" + name + "'; .tre and .nwk files in Newick are read");
+  }
+  return document->getTree();
+}
+
+/// What is not on the screen has no pixels that can be read back.
+void showAndWait(QWidget& window)
+{
+  window.show();
+  QElapsedTimer timer;
+  timer.start();
+  while (!window.windowHandle()->isExposed())
+  {
+    if (timer.elapsed() > millisecondsForWindow)
+    {
+      throw std::runtime_error("the display shows no window");
+    }
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+  }
+}
+
+QImage draw(const Request& request, boost::shared_ptr<orvex::Tree> tree)
+{
+  // A window manager would keep a window smaller than the screen.
+  QWidget window(nullptr, Qt::X11BypassWindowManagerHint | Qt::FramelessWindowHint);
+  window.setFixedSize(request.size);
+  Lumbra::Viewer viewer(&window);
+  viewer.setGeometry(window.rect());
+  viewer.tree(tree);
+  viewer.updateScene();
+  viewer.settings()->alwaysUseHighLod(request.all);
+  showAndWait(window);
+  // The size of the window set the limits of the zoom.
+  viewer.camera()->zoomByAmount(request.zoom - viewer.camera()->zoom());
+  viewer.camera()->pan(0.0, request.pan);
+  return viewer.picture();
+}
+
+void write(const QImage& picture, const std::string& name)
+{
+  if (!Tools::Qt::saveImage(picture, name))
+  {
+    throw std::runtime_error("can't write '" + name +
+                             "': its suffix must be .bmp, .jpg, .png or .tif, its folder writable");
+  }
+  if (QImage(Tools::Qt::fileName(name)).size() != picture.size())
+  {
+    throw std::runtime_error("what was written to '" + name + "' can't be read back");
+  }
+}
+
+// A display that can't be reached ends a Qt program by an abort.
+void handleMessage(QtMsgType type, const QMessageLogContext&, const QString&)
+{
+  if (type == QtFatalMsg)
+  {
+    std::cerr << "orvex-snapshot: no display can be reached\n" << std::flush;
+    std::_Exit(EXIT_FAILURE);
+  }
+}
+
+void run(int argc, char** argv)
+{
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i)
+  {
+    arguments.append(Tools::Qt::fileName(std::string(argv[i])));
+  }
+  const Request request = parse(arguments);
+  if (request.help)
+  {
+    std::cout << usage << '\n';
+    return;
+  }
+  const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
+  // Qt has options of its own, which are none of this program's.
+  int one = 1;
+  const QApplication application(one, argv);
+  write(draw(request, tree), request.image);
+  orvex::render::gl::FreeType::destroy();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+  Kelmar::System::raiseStackLimit();
+  qInstallMessageHandler(handleMessage);
+  try
+  {
+    run(argc, argv);
+    return EXIT_SUCCESS;
+  }
+  catch (const std::exception& e)
+  {
+    std::cerr << "orvex-snapshot: " << e.what() << '\n';
+    return EXIT_FAILURE;
+  }
+}
