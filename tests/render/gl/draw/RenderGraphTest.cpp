@@ -1,0 +1,70 @@
+#include "render/gl/draw/RenderGraph.h"
+
+#include "render/gl/device/OpenGL.h"
+#include "render/gl/draw/State.h"
+#include "support/RecordedOpenGL.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using namespace orvex::render::gl;
+using namespace orvex::test;
+
+/// Notes its name among the calls of OpenGL in place of drawing.
+struct NamedDrawable : Drawable
+{
+  explicit NamedDrawable(const char* text) : name(text) {}
+  void render(State&) const override { noteCall(name); }
+
+  const char* name;
+};
+
+TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
+{
+  RenderGraph graph;
+  for (const char* text : {"label 1", "label 2"})
+  {
+    graph.addText(new NamedDrawable(text));
+  }
+  for (const char* lines : {"lines 1", "lines 2"})
+  {
+    graph.addHighLod(new NamedDrawable(lines));
+  }
+  for (const char* proxy : {"proxy 1", "proxy 2"})
+  {
+    graph.addLowLod(new NamedDrawable(proxy));
+  }
+  graph.addText(nullptr);
+  graph.addHighLod(nullptr);
+  graph.addLowLod(nullptr);
+  const boost::intrusive_ptr<State> state(new State);
+  EXPECT_EQ(callsOf([&] { graph.render(*state); }),
+            callsOf(
+                []
+                {
+                  glDisable(GL_LIGHTING);
+                  glEnableClientState(GL_VERTEX_ARRAY);
+                  glEnableClientState(GL_COLOR_ARRAY);
+                  glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+                  noteCall("proxy 1");
+                  noteCall("proxy 2");
+                  noteCall("lines 1");
+                  noteCall("lines 2");
+                  glPushAttrib(GL_TEXTURE_BIT | GL_ENABLE_BIT | GL_POLYGON_BIT);
+                  glEnable(GL_BLEND);
+                  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+                  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+                  glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+                  noteCall("label 1");
+                  noteCall("label 2");
+                  glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+                  glDisable(GL_TEXTURE_2D);
+                  glPopAttrib();
+                  glDisableClientState(GL_VERTEX_ARRAY);
+                  glDisableClientState(GL_COLOR_ARRAY);
+                }));
+}
+
+} // namespace

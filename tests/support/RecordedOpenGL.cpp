@@ -1,0 +1,79 @@
+#include "support/RecordedOpenGL.h"
+
+#include "render/gl/device/OpenGL.h"
+
+#include <sstream>
+
+namespace
+{
+
+std::string calls;
+
+struct Call
+{
+  const char* name;
+
+  template <class... Arguments>
+  void operator()(Arguments... arguments) const
+  {
+    std::ostringstream line;
+    line << std::hex << std::showbase << name;
+    ((line << ' ' << arguments), ...);
+    orvex::test::noteCall(line.str());
+  }
+};
+
+} // namespace
+
+std::string orvex::test::callsOf(const std::function<void()>& action)
+{
+  calls.clear();
+  action();
+  return calls;
+}
+
+void orvex::test::noteCall(const std::string& line)
+{
+  calls += line + "\n";
+}
+
+// A program's own definition is taken before that of a shared library.
+#define RECORD(name, parameters, arguments)                                                        \
+  void GLAPIENTRY name parameters                                                                  \
+  {                                                                                                \
+    Call{#name} arguments;                                                                         \
+  }
+RECORD(glBindTexture, (GLenum target, GLuint texture), (target, texture))
+RECORD(glBlendFunc, (GLenum source, GLenum destination), (source, destination))
+RECORD(glColorPointer, (GLint n, GLenum type, GLsizei stride, const void* p), (n, type, stride, p))
+RECORD(glDeleteTextures, (GLsizei count, const GLuint* names), (count, *names))
+RECORD(glDisable, (GLenum capability), (capability))
+RECORD(glDisableClientState, (GLenum array), (array))
+RECORD(glDrawArrays, (GLenum mode, GLint first, GLsizei count), (mode, first, count))
+RECORD(glEnable, (GLenum capability), (capability))
+RECORD(glEnableClientState, (GLenum array), (array))
+RECORD(glGenTextures, (GLsizei count, GLuint* names), (count, *names = 7))
+RECORD(glPixelStorei, (GLenum mode, GLint value), (mode, value))
+RECORD(glPolygonMode, (GLenum face, GLenum mode), (face, mode))
+RECORD(glPopAttrib, (), ())
+RECORD(glPopClientAttrib, (), ())
+RECORD(glPushAttrib, (GLbitfield mask), (mask))
+RECORD(glPushClientAttrib, (GLbitfield mask), (mask))
+RECORD(glTexImage2D,
+       (GLenum target, GLint level, GLint internal, GLsizei width, GLsizei height, GLint border,
+        GLenum format, GLenum type, const void* pixels),
+       (target, level, internal, width, height, border, format, type, pixels))
+RECORD(glTexParameteri, (GLenum target, GLenum name, GLint value), (target, name, value))
+RECORD(glVertexPointer, (GLint n, GLenum type, GLsizei stride, const void* p), (n, type, stride, p))
+#undef RECORD
+
+// GLEW calls what is younger than OpenGL 1.1 through pointers, which a context would fill in.
+static const bool haveFramebufferObjects = []
+{
+  glBindFramebufferEXT = [](GLenum target, GLuint name)
+  { Call{"glBindFramebufferEXT"}(target, name); };
+  glDeleteFramebuffersEXT = [](GLsizei, const GLuint* name)
+  { Call{"glDeleteFramebuffersEXT"}(*name); };
+  glGenFramebuffersEXT = [](GLsizei, GLuint* name) { Call{"glGenFramebuffersEXT"}(*name = 7); };
+  return true;
+}();
