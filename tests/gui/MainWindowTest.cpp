@@ -2,32 +2,35 @@
 #include "support/Window.h"
 #include "tree/Tree.h"
 
-#include <gmock/gmock.h>
-
 #include <QTest>
-
-#include <optional>
 
 namespace
 {
 
 using namespace orvex::test;
-using MainWindow = DisplayTest;
 
 const char* const fiveNodes = "((a,b),c);";
-
 const char* const treeActions[] = {"actionInfo", "actionExport_Image", "actionAlways_Show_Tree"};
 
-void choose(Window& window, const char* action, const std::string& name)
+class MainWindowTest : public DisplayTest
 {
-  answering<QFileDialog>([&] { window.action(action).trigger(); },
-                         [&](QFileDialog& dialog) { type(dialog, name); });
-}
+protected:
+  std::string boxOf(const char* action)
+  {
+    return boxAfter([&] { window.action(action).trigger(); });
+  }
 
-TEST_F(MainWindow, OpensShowsAndExportsATree)
+  void choose(const char* action, const std::string& name)
+  {
+    answering<QFileDialog>([&] { window.action(action).trigger(); },
+                           [&](QFileDialog& dialog) { type(dialog, name); });
+  }
+
+  Window window;
+};
+
+TEST_F(MainWindowTest, StartsWithoutATree)
 {
-  std::optional<Window> owner(std::in_place);
-  Window& window = *owner;
   EXPECT_EQ(window.size(), QSize(800, 600));
   EXPECT_EQ(window.windowIcon().pixmap(64, 64).size(), QSize(63, 64));
   EXPECT_FALSE(window.action("actionOpen").icon().pixmap(32).isNull());
@@ -35,17 +38,31 @@ TEST_F(MainWindow, OpensShowsAndExportsATree)
   {
     EXPECT_FALSE(window.action(name).isEnabled()) << name;
   }
-  window.show();
-  choose(window, "actionOpen", file("five \xc3\xa9.nwk", fiveNodes));
-  EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor is gone";
-  EXPECT_EQ(boxAfter([&] { window.action("actionInfo").trigger(); }),
-            "Tree info|Number of nodes: 5\nNumber of leaves: 3");
-  EXPECT_THAT(boxAfter([&] { window.action("actionAbout").trigger(); }),
-              testing::MatchesRegex("About\\|.*tree viewer prototype.*\n.+"));
-  QTest::qWait(50); // the layout gives the viewer its place
-  choose(window, "actionExport_Image", path("picture.png"));
-  EXPECT_EQ(QImage(QString::fromStdString(path("picture.png"))).size(), window.viewer()->size());
+  EXPECT_THAT(boxOf("actionAbout"), testing::MatchesRegex("About\\|.*tree viewer prototype.*\n.+"));
+}
 
+TEST_F(MainWindowTest, OpensATreeAndCountsItsNodes)
+{
+  choose("actionOpen", file("five \xc3\xa9.nwk", fiveNodes));
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor is gone";
+  EXPECT_EQ(boxOf("actionInfo"), "Tree info|Number of nodes: 5\nNumber of leaves: 3");
+  const Lumbra::Viewer* const viewer = window.viewer();
+  choose("actionOpen", "");
+  EXPECT_EQ(window.viewer(), viewer) << "cancelling changes nothing";
+}
+
+TEST_F(MainWindowTest, ExportsAPictureOfTheViewersSize)
+{
+  window.show();
+  window._documentOpen(file("five.nwk", fiveNodes));
+  QTest::qWait(50); // the layout gives the viewer its place
+  choose("actionExport_Image", path("picture.png"));
+  EXPECT_EQ(QImage(QString::fromStdString(path("picture.png"))).size(), window.viewer()->size());
+}
+
+TEST_F(MainWindowTest, AlwaysShowTreeIsASwitchOfTheShownViewer)
+{
+  window._documentOpen(file("five.nwk", fiveNodes));
   QAction& always = window.action("actionAlways_Show_Tree");
   EXPECT_FALSE(always.isCheckable()) << "until it is used";
   for (const bool on : {true, false, true})
@@ -54,42 +71,55 @@ TEST_F(MainWindow, OpensShowsAndExportsATree)
     EXPECT_EQ(always.isChecked(), on);
     EXPECT_EQ(window.viewer()->settings()->alwaysUseHighLod(), on);
   }
-  const auto* first = window.viewer();
-  choose(window, "actionOpen", "");
-  EXPECT_EQ(window.viewer(), first) << "cancelling changes nothing";
-  const std::size_t objects = Helper::instanceManager.numberOfObjects();
-  window._documentOpen(file("five.nwk", fiveNodes)); // the first waits for its deletion
-  EXPECT_FALSE(window.viewer()->settings()->alwaysUseHighLod()) << "a new viewer starts anew";
-  EXPECT_TRUE(always.isChecked()) << "the mark is written by the action only";
-  deleteWhatIsDoomed();
-  EXPECT_EQ(window.findChildren<QGLWidget*>().size(), 1);
-  EXPECT_LE(Helper::instanceManager.numberOfObjects(), objects) << "no glyph was drawn yet";
-  window.resize(640, 500);
-  window.action("actionQuit").trigger();
-  EXPECT_FALSE(window.isVisible());
   window._documentOpen(path("five.nwk"));
-  owner.reset(); // before the replaced viewer is deleted
-  EXPECT_EQ(Window().size(), QSize(640, 500)) << "as the last one was left";
+  EXPECT_FALSE(window.viewer()->settings()->alwaysUseHighLod()) << "a new viewer starts anew";
+  EXPECT_TRUE(always.isChecked()) << "only the action changes its mark";
 }
 
-TEST_F(MainWindow, ShowsWhyAFileCantBeReadAndKeepsNoTree)
+TEST_F(MainWindowTest, ANewTreeReplacesTheShownOne)
 {
-  Window window;
+  window._documentOpen(file("five.nwk", fiveNodes));
+  const std::size_t objects = Helper::instanceManager.numberOfObjects();
+  window._documentOpen(path("five.nwk"));
+  deleteWhatIsDoomed();
+  EXPECT_EQ(window.findChildren<QGLWidget*>().size(), 1);
+  EXPECT_EQ(Helper::instanceManager.numberOfObjects(), objects);
+  window._documentOpen(path("five.nwk")); // what it replaces is deleted after the window
+}
+
+TEST_F(MainWindowTest, OpensAtTheSizeInWhichTheLastOneQuit)
+{
+  {
+    Window last;
+    last.show();
+    last.resize(640, 500);
+    last.action("actionQuit").trigger();
+    EXPECT_FALSE(last.isVisible());
+  }
+  EXPECT_EQ(Window().size(), QSize(640, 500));
+}
+
+TEST_F(MainWindowTest, ShowsAnEmptyViewForAFileWithoutATree)
+{
   for (const auto& [name, text] : {std::pair("empty.nwk", ""), std::pair("tree.txt", fiveNodes)})
   {
     window._documentOpen(file(name, text));
-    EXPECT_FALSE(window.viewer()->tree()) << "an empty view for a file without a tree";
-    EXPECT_EQ(boxAfter([&] { window.action("actionInfo").trigger(); }),
-              "Tree info|Number of nodes: 0\nNumber of leaves: 0");
+    EXPECT_FALSE(window.viewer()->tree()) << name;
+    EXPECT_EQ(boxOf("actionInfo"), "Tree info|Number of nodes: 0\nNumber of leaves: 0");
   }
+}
+
+TEST_F(MainWindowTest, SaysWhyAFileCannotBeReadAndThenShowsNoTree)
+{
+  window._documentOpen(file("five.nwk", fiveNodes));
   const std::string bad = file("<b>bad.nwk", "a,b);");
-  EXPECT_EQ(boxAfter([&] { choose(window, "actionOpen", bad); }),
+  EXPECT_EQ(boxAfter([&] { choose("actionOpen", bad); }),
             "Error Loading File " + bad + "|Error 2991944830: Unexpected comma encountered\n");
   EXPECT_EQ(window.centralWidget(), nullptr);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   for (const char* name : treeActions)
   {
-    EXPECT_TRUE(window.action(name).isEnabled());
+    EXPECT_TRUE(window.action(name).isEnabled()) << name;
     window.action(name).trigger(); // a box would wait for ever
   }
   EXPECT_EQ(log(), "");

@@ -7,63 +7,89 @@
 namespace
 {
 
-using Viewer = DisplayTest;
-
-TEST_F(Viewer, FollowsMouseWheelAndSpace)
+/// A viewer of 301 leaves in a window, with the whole tree in view.
+class ViewerTest : public DisplayTest
 {
+protected:
+  ViewerTest()
+  {
+    window._documentOpen(file("wide.nwk", "(" + std::string(300, ',') + ");"));
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    viewer = window.viewer();
+  }
+
+  void sendMouse(QEvent::Type type, int y, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers)
+  {
+    QMouseEvent event(type, QPoint(10, y), Qt::LeftButton, held, modifiers);
+    QApplication::sendEvent(viewer, &event);
+  }
+
+  double zoom() { return viewer->camera()->zoom(); }
+  /// How far the view was moved, in world units.
+  double shift() { return viewer->camera()->position().y + 0.5; }
+
   orvex::test::Window window;
-  window._documentOpen(file("wide.nwk", "(" + std::string(300, ',') + ");"));
-  window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-  Lumbra::Viewer* const viewer = window.viewer();
-  const QImage whole = viewer->picture();
-  const auto zoom = [&] { return viewer->camera()->zoom(); };
-  const auto shift = [&] { return viewer->camera()->position().y + 0.5; };
+  Lumbra::Viewer* viewer = nullptr;
+};
+
+TEST_F(ViewerTest, ADragOf30PixelsMovesTheTreeOrZooms)
+{
   const double moves = 30.0 / (viewer->height() - 16);
   const double zooms = 60.0 / viewer->height();
-  const Qt::MouseButtons both = Qt::LeftButton | Qt::RightButton;
-  for (const auto& [start, held, modifiers, moved, zoomed] : // by a drag of 30 pixels
-       {std::tuple(1.0, Qt::MouseButtons(Qt::LeftButton), Qt::NoModifier, moves, 0.0),
-        std::tuple(4.7, Qt::MouseButtons(Qt::LeftButton), Qt::NoModifier, moves / 4.7, 0.0),
-        std::tuple(4.7, Qt::MouseButtons(Qt::RightButton), Qt::NoModifier, 0.0, zooms),
-        std::tuple(1.0, Qt::MouseButtons(Qt::LeftButton), Qt::MetaModifier, 0.0, zooms),
-        std::tuple(1.0, Qt::MouseButtons(Qt::LeftButton), Qt::ControlModifier, 0.0, zooms),
-        std::tuple(1.0, both, Qt::NoModifier, moves, 0.0),
-        std::tuple(1.0, both, Qt::MetaModifier, 0.0, zooms),
-        std::tuple(1.0, Qt::MouseButtons(Qt::MiddleButton), Qt::NoModifier, 0.0, 0.0)})
+  const Qt::MouseButtons left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
+  struct Drag
   {
-    SCOPED_TRACE(testing::Message() << held << " with " << modifiers << " at " << start);
-    const auto mouse = [&, held = held, modifiers = modifiers](QEvent::Type type, int y)
-    {
-      const bool up = type == QEvent::MouseButtonRelease;
-      QMouseEvent event(type, QPoint(10, y), Qt::LeftButton, up ? Qt::NoButton : held, modifiers);
-      QApplication::sendEvent(viewer, &event);
-    };
+    const char* what;
+    double zoomBefore;
+    Qt::MouseButtons held;
+    Qt::KeyboardModifiers modifiers;
+    double moved, zoomed;
+  };
+  for (const Drag& drag : {Drag{"left button", 1.0, left, {}, moves, 0.0},
+                           Drag{"left button when zoomed", 4.7, left, {}, moves / 4.7, 0.0},
+                           Drag{"right button when zoomed", 4.7, right, {}, 0.0, zooms},
+                           Drag{"left button and Meta", 1.0, left, Qt::MetaModifier, 0.0, zooms},
+                           Drag{"and Control", 1.0, left, Qt::ControlModifier, 0.0, zooms},
+                           Drag{"both buttons", 1.0, left | right, {}, moves, 0.0},
+                           Drag{"and Meta", 1.0, left | right, Qt::MetaModifier, 0.0, zooms},
+                           Drag{"middle button", 1.0, middle, {}, 0.0, 0.0}})
+  {
+    SCOPED_TRACE(drag.what);
     viewer->camera()->reset();
-    viewer->camera()->zoomByAmount(start - 1.0);
-    mouse(QEvent::MouseButtonPress, 200);
+    viewer->camera()->zoomByAmount(drag.zoomBefore - 1.0);
+    sendMouse(QEvent::MouseButtonPress, 200, drag.held, drag.modifiers);
     EXPECT_EQ(shift(), 0.0) << "a press only records where the drag starts";
-    mouse(QEvent::MouseMove, 170);
-    EXPECT_NEAR(shift(), moved, 1e-9);
-    EXPECT_NEAR(zoom(), start * (1.0 + zoomed), 1e-7);
-    mouse(QEvent::MouseButtonRelease, 20);
-    mouse(QEvent::MouseMove, 120);
-    EXPECT_NEAR(shift(), moved, 1e-9) << "a drag starts anew after the release";
-    mouse(QEvent::MouseButtonRelease, 120);
+    sendMouse(QEvent::MouseMove, 170, drag.held, drag.modifiers);
+    EXPECT_NEAR(shift(), drag.moved, 1e-9);
+    EXPECT_NEAR(zoom(), drag.zoomBefore * (1.0 + drag.zoomed), 1e-7);
+    sendMouse(QEvent::MouseButtonRelease, 20, Qt::NoButton, drag.modifiers);
+    sendMouse(QEvent::MouseMove, 120, drag.held, drag.modifiers);
+    EXPECT_NEAR(shift(), drag.moved, 1e-9) << "a drag starts anew after the release";
+    sendMouse(QEvent::MouseButtonRelease, 120, Qt::NoButton, drag.modifiers);
   }
-  viewer->camera()->reset();
-  for (const QPoint turn : {QPoint(120, 0), QPoint(0, 120)}) // a sideways wheel is no zoom
+}
+
+TEST_F(ViewerTest, TheWheelZoomsUnlessItIsTurnedSideways)
+{
+  for (const QPoint turn : {QPoint(120, 0), QPoint(0, 120)})
   {
     QWheelEvent event(QPointF(5, 5), QPointF(5, 5), {}, turn, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(viewer, &event);
     EXPECT_NEAR(zoom(), turn.y() ? 1.12 : 1.0, 1e-12);
   }
+}
+
+TEST_F(ViewerTest, SpaceShowsTheWholeTreeAgainOnceTheViewerWasClicked)
+{
+  const QImage whole = viewer->picture();
+  viewer->camera()->zoomByAmount(1.0);
   viewer->camera()->pan(0.0, 0.1);
   EXPECT_NE(viewer->picture(), whole);
   QTest::mouseClick(viewer, Qt::LeftButton);
   EXPECT_EQ(window.focusWidget(), viewer);
   QTest::keyClick(viewer, Qt::Key_Return);
-  EXPECT_NE(zoom(), 1.0);
+  EXPECT_EQ(zoom(), 2.0) << "other keys do nothing";
   QTest::keyClick(viewer, Qt::Key_Space);
   EXPECT_EQ(viewer->picture(), whole);
 }

@@ -6,31 +6,33 @@
 namespace
 {
 
-using Application = DisplayTest;
-
-/// Throws from the event loop, as a slot does.
-std::string boxOf(const std::function<void()>& raise)
+class ApplicationTest : public DisplayTest
 {
-  QAction action(nullptr);
-  QObject::connect(&action, &QAction::triggered, raise);
-  return orvex::test::boxAfter([&] { orvex::test::triggerFromLoop(action); });
-}
+protected:
+  /// The box after an action that throws from the event loop, as a slot does.
+  static std::string boxFor(const std::function<void()>& raise)
+  {
+    QAction action(nullptr);
+    QObject::connect(&action, &QAction::triggered, raise);
+    return orvex::test::boxAfter([&] { orvex::test::triggerFromLoop(action); });
+  }
+};
 
-TEST_F(Application, ShowsAFailureThenLogsItAndGoesOn)
+TEST_F(ApplicationTest, ShowsAFailureThenLogsItAndGoesOn)
 {
-  EXPECT_EQ(boxOf([] { throw std::runtime_error("<b>no</b> tree"); }),
+  EXPECT_EQ(boxFor([] { throw std::runtime_error("<b>no</b> tree"); }),
             "Error detected.|<b>no</b> tree");
-  EXPECT_EQ(boxOf([] { throw 17; }), "Error detected.|Unknown error detected.");
+  EXPECT_EQ(boxFor([] { throw 17; }), "Error detected.|Unknown error detected.");
   EXPECT_EQ(log(), "Error 8033290760: <b>no</b> tree\n");
 }
 
-TEST_F(Application, LogsMessagesOfQtInOneLineEach)
+TEST_F(ApplicationTest, LogsMessagesOfQtUnderTheirLevels)
 {
   Helper::qtOutput(QtWarningMsg, "odd\rthing\r\n\n");
   Helper::qtOutput(QtDebugMsg, "\n\r");
   Helper::qtOutput(QtCriticalMsg, "bad");
   Helper::qtOutput(QtFatalMsg, "worse");
-  Helper::qtOutput(QtInfoMsg, "no row");
+  Helper::qtOutput(QtInfoMsg, "has no level in the log");
   Helper::qtOutput(QtDebugMsg, nullptr);
   Helper::installQtOutput();
   qWarning("%s", "\xc3\xa9toile");

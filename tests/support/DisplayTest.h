@@ -3,8 +3,6 @@
 #include "foundation/counted/InstanceManager.h"
 #include "support/Outcome.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QDialog>
 #include <QSettings>

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <exception>

@@ -45,7 +45,7 @@ inline std::string boxAfter(const std::function<void()>& action)
   return text;
 }
 
-/// Triggers by a posted event: only under events is the net.
+/// Triggers by a posted event, since failures are only caught where the event loop sends events.
 inline void triggerFromLoop(QAction& action)
 {
   QMetaObject::invokeMethod(&action, "trigger", Qt::QueuedConnection);

@@ -8,43 +8,54 @@ namespace
 {
 
 using Tools::Qt::FileDialog;
-using FileDialogs = DisplayTest;
 
-const FileDialog::Filters filters{{"Newick (*.tre)", "*.tre"}, {"Newick (*.nwk)", "*.nwk"}};
+/// What a dialog showed when it came up, and the name that it gave.
+using Answer = std::pair<std::string, std::string>;
 
-/// Types a name, and chooses a filter. \return the directory and the filter that came up first
-std::string answered(const std::string& title, const std::string& name, const QString& filter = "")
+class FileDialogTest : public DisplayTest
 {
-  QString start;
-  answering<QFileDialog>(
-      [&]
-      {
-        EXPECT_EQ(title == "Open" ? FileDialog::getOpenFileName(nullptr, title, filters)
-                                  : FileDialog::getSaveFileName(nullptr, title, filters),
-                  name);
-      },
-      [&](QFileDialog& dialog)
-      {
-        EXPECT_EQ(dialog.nameFilters(), QStringList({"Newick (*.nwk)", "Newick (*.tre)"}));
-        start = dialog.directory().path() + "|" + dialog.selectedNameFilter();
-        filter.isEmpty() ? void() : dialog.selectNameFilter(filter);
-        orvex::test::type(dialog, name);
-      });
-  return start.toStdString();
+protected:
+  /// Types a name, or cancels without one, and chooses a filter.
+  static Answer ask(const std::string& title, const std::string& name, const QString& filter = "")
+  {
+    const FileDialog::Filters filters{{"Newick (*.tre)", "*.tre"}, {"Newick (*.nwk)", "*.nwk"}};
+    Answer answer;
+    answering<QFileDialog>(
+        [&]
+        {
+          answer.second = title == "Open" ? FileDialog::getOpenFileName(nullptr, title, filters)
+                                          : FileDialog::getSaveFileName(nullptr, title, filters);
+        },
+        [&](QFileDialog& dialog)
+        {
+          EXPECT_EQ(dialog.nameFilters(), QStringList({"Newick (*.nwk)", "Newick (*.tre)"}));
+          answer.first =
+              (dialog.directory().path() + "|" + dialog.selectedNameFilter()).toStdString();
+          filter.isEmpty() ? void() : dialog.selectNameFilter(filter);
+          orvex::test::type(dialog, name);
+        });
+    return answer;
+  }
+
+  const std::string home = path("").substr(0, path("").size() - 1);
+};
+
+TEST_F(FileDialogTest, RemembersDirectoryAndFilterForEachTitle)
+{
+  QDir(QString::fromStdString(home)).mkdir("trees \u00e9");
+  const std::string name = file("trees \u00e9/a \u00e9.tre", "(a,b);");
+  EXPECT_EQ(ask("Open", name, "Newick (*.tre)"), Answer(home + "|Newick (*.nwk)", name));
+  const std::string remembered = path("trees \u00e9") + "|Newick (*.tre)";
+  EXPECT_EQ(ask("Open", ""), Answer(remembered, ""));
+  EXPECT_EQ(ask("Open", ""), Answer(remembered, "")) << "cancelling stores nothing";
+  const std::string other = path("new.nwk");
+  EXPECT_EQ(ask("Export Image", other), Answer(home + "|Newick (*.nwk)", other));
 }
 
-TEST_F(FileDialogs, RememberDirectoryAndFilterForEachTitle)
+TEST_F(FileDialogTest, OpensWithoutAHomeDirectoryAndLogsThat)
 {
-  const std::string fresh = path("").substr(0, path("").size() - 1) + "|Newick (*.nwk)";
-  QDir(QString::fromStdString(path(""))).mkdir("trees \u00e9");
-  const std::string name = file("trees \u00e9/a \u00e9.tre", "(a,b);");
-  EXPECT_EQ(answered("Open", name, "Newick (*.tre)"), fresh);
-  const std::string chosen = path("trees \u00e9") + "|Newick (*.tre)";
-  EXPECT_EQ(answered("Open", ""), chosen);
-  EXPECT_EQ(answered("Open", ""), chosen) << "cancelling stores nothing";
-  EXPECT_EQ(answered("Export Image", path("new.nwk")), fresh) << "each title has its own memory";
   qunsetenv("HOME");
-  answered("Another", "");
+  ask("Open", "");
   EXPECT_EQ(log(),
             "Error 2637892413: Error 2322383190: Failed to find user's document directory\n");
 }
