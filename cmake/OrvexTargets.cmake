@@ -1,11 +1,12 @@
 # The one place for the flags of our own targets, and the functions that make those targets.
 
 option(ORVEX_SANITIZE "Build with the address, leak and undefined behaviour sanitizers" OFF)
+option(ORVEX_WERROR "Take warnings as errors; a later compiler may have more of them" OFF)
 option(ORVEX_FUZZ "Build for the fuzzers of fuzz/, with clang and its sanitizers" OFF)
 
 add_library(orvex_flags INTERFACE)
 target_compile_options(orvex_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
 # libstdc++ and Boost allocate in inline functions that the compiler sees through too well.
 target_compile_options(orvex_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 

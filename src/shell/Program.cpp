@@ -22,7 +22,7 @@ void identify(const std::string& organisation, const std::string& domain, const 
   QCoreApplication::setOrganizationName(text(organisation));
   QCoreApplication::setOrganizationDomain(text(domain));
   QCoreApplication::setApplicationName(text(name));
-  QCoreApplication::setApplicationVersion("0.2");
+  QCoreApplication::setApplicationVersion(ORVEX_VERSION);
 }
 
 } // namespace Detail
