@@ -2,12 +2,12 @@
 
 import contextlib
 import os
-import re
 import subprocess
 import time
 
-PATIENCE = 60  # seconds until something awaited counts as missing
+PATIENCE = 180  # seconds until something awaited counts as missing, on a machine that is busy
 NAME = "Orvex Tree Viewer"
+MENUS = (("Open", "Open from tesmar", "Export Image", "Quit"), ("Info", "Always Show Tree"))
 
 
 def wait_for(what, condition):
@@ -31,7 +31,8 @@ def display():
     try:
         with os.fdopen(read) as pipe:
             os.environ["DISPLAY"] = ":" + pipe.readline().strip()
-        processes.append(subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL))
+        processes.append(subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL,
+                                          stderr=subprocess.DEVNULL))
         wait_for("the window manager", lambda: b"window id" in subprocess.run(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True).stdout)
         yield
@@ -50,10 +51,11 @@ def windows(title):
 
 
 def window(title):
-    """Waits for a window of that title, an expression, and gives it the keyboard."""
+    """Waits for a window of that title, an expression, and gives it the keyboard. From then on keys
+    reach the program in their order, so that none has to wait for what the one before it does."""
     found = wait_for(title, lambda: windows(title))[0]
     wait_for(f"focus of {title}", lambda: xdotool("windowactivate", found) is not None
-             and xdotool("getactivewindow").strip() == found)
+             and xdotool("getwindowfocus").strip() == found)
     return found
 
 
@@ -75,6 +77,15 @@ def pixels(source, *changes):
     return int(size[0]), int(size[1]), data
 
 
+def lit(picture):
+    """How many pixels of a view are lit by a tree, however its lines fall between the rows. The rows
+    of a view end in black, those of the menu bar and of a window without a view don't."""
+    width, _, data = picture
+    rows = (data[i:i + 3 * width] for i in range(0, len(data), 3 * width))
+    greens = b"".join(row[1::3] for row in rows if row.endswith(b"\0\0\0"))
+    return sum(green > 90 for green in greens)  # more than the thumbnail's blue has
+
+
 class MainWindow:
     """The viewer's window, once it is there, and a folder for screenshots."""
 
@@ -90,9 +101,7 @@ class MainWindow:
         """A screenshot of a tree, once the window stays as it is."""
         def shown():
             picture = self.screenshot()
-            lit = len(re.findall(rb"\xff\xff\xff", picture[2]))
-            return lit > 1000 and picture[2].endswith(b"\0\0\0") and (
-                self.screenshot() == picture and picture)
+            return lit(picture) > 1000 and self.screenshot() == picture and picture
         return wait_for("a tree", shown)
 
     def changed(self, before):
@@ -101,12 +110,13 @@ class MainWindow:
     def stays(self, before):
         wait_for("the tree to stay", lambda: self.screenshot() == before)
 
-    def menu(self, x, downs):
-        """Opens the menu at x of the menu bar and chooses an entry by the keyboard."""
+    def menu(self, entry):
+        """Chooses an entry of the menu bar by the keyboard, wherever the fonts put it."""
         window(NAME)
-        xdotool("mousemove", "--window", self.window, x, 10, "click", 1)
-        time.sleep(0.3)  # the menu takes the keyboard; nothing outside tells when
-        xdotool("key", *["Down"] * downs, "Return")
+        for position, entries in enumerate(MENUS):
+            if entry in entries:
+                xdotool("key", "alt", *["Right"] * position, *["Down"] * (entries.index(entry) + 1),
+                        "Return")
 
     def zoom(self, notches):
         xdotool("mousemove", "--window", self.window, 400, 300, "click", "--repeat", notches, 4)
@@ -121,13 +131,9 @@ class MainWindow:
         return self.settled()
 
     def open_second_of_service(self):
-        self.menu(15, 2)
-        window("Dialog")
-        for keys in (["Down", "Down"], []):
-            time.sleep(0.3)  # the list takes the keyboard, then shows the selected row
-            xdotool("key", *keys)
-        confirm("Dialog")
+        self.menu("Open from tesmar")
+        confirm("Dialog", keys=["Down", "Down", "Return"])
 
     def export(self, name):
-        self.menu(15, 3)
+        self.menu("Export Image")
         confirm("Export Image", str(name))

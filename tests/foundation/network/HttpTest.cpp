@@ -39,9 +39,10 @@ TEST(Http, GivesTheBodyOrTheReasonAndTheUrl)
   setenv("no_proxy", "*", 1);
   httplib::Server silent;
   const int port = silent.bind_to_any_port("127.0.0.1");
-  for (const auto& [server, reason] : {std::pair(port, "timed out"), std::pair(1, "connect to")})
+  for (const auto& [server, milliseconds, reason] :
+       {std::tuple(port, 150u, "timed out"), std::tuple(1, 60000u, "connect to")})
   {
-    EXPECT_THAT(download("http://127.0.0.1:" + std::to_string(server) + "/x", 150),
+    EXPECT_THAT(download("http://127.0.0.1:" + std::to_string(server) + "/x", milliseconds),
                 testing::MatchesRegex(std::string("Error 3886626924: .*") + reason +
                                       ".*, URL = http://127.0.0.1:[0-9]+/x"));
   }

@@ -1,0 +1,136 @@
+"""Scenarios of the programs beside the viewer."""
+
+import http.client
+import pathlib
+import random
+import re
+import signal
+import socket
+import subprocess
+
+from desktop import PATIENCE, pixels
+from programs import TREE, environment, run, scenario, serving
+
+
+@scenario
+def service_answers(folder):
+    trees = folder / "trees"
+    trees.mkdir()
+    (folder / "outside.nwk").write_text("(secret,b);")
+    (trees / "link.nwk").symlink_to("../outside.nwk")
+    (trees / "a.b.TRE").write_text("(" * 20000 + "deep" + ")" * 20000)
+    (trees / "0.nwk").write_text("no tree")
+    (trees / "note.txt").write_text("(no,tree)")
+    (trees / "b.nwk").write_bytes(b'((a:1,"\xff:2)x,c);')
+
+    def asked(path, method="GET", **headers):
+        connection = http.client.HTTPConnection("127.0.0.1", port, timeout=PATIENCE)
+        connection.request(method, path, headers=headers)
+        answer = connection.getresponse()
+        return answer.status, answer.read().decode()
+
+    def node(name, *children):
+        return '{"name":"%s","children":[%s]}' % (name, ",".join(children))
+
+    deep = node("deep")
+    for _ in range(20000):
+        deep = node("", deep)
+    small = node("", node("x", node("a"), node('\\"\ufffd')), node("c"))
+    with socket.create_server(("127.0.0.1", 0)) as free:
+        port = free.getsockname()[1]
+    for end in (signal.SIGINT, signal.SIGTERM):
+        with serving(trees, port, end) as server:
+            for path, answer in (
+                    ("/trees", '[{"id":2,"treeName":"a.b"},{"id":3,"treeName":"b"}]'),
+                    ("/trees/2", '{"root":%s}' % deep), ("/trees/3", '{"root":%s}' % small)):
+                assert asked(path) == (200, answer), path
+            for path in ("/", "/trees/", "/trees/1", "/trees/4", "/trees/02", "/trees/-1",
+                         "/trees/../outside.nwk", "/trees/%2e%2e%2foutside.nwk", "/trees/b.nwk",
+                         "/trees/3%00"):
+                status, answer = asked(path)
+                assert status == 404 and re.fullmatch('{"error":".+"}', answer), path
+            assert asked("/trees", "POST")[0] == 405
+            assert asked("/trees/3", Range="bytes=0-,0-")[0] == 416
+            (trees / "b.nwk").rename(folder / "away")
+            assert asked("/trees/3")[0] == 500
+            (folder / "away").rename(trees / "b.nwk")
+        errors = server.stderr.read()
+        assert "0.nwk is left out: it holds no tree" in errors
+        assert "link.nwk is left out: it leads out of the folder" in errors
+
+
+@scenario
+def snapshots(folder):
+    (folder / "t.nwk").write_text(TREE)
+    pictures = []
+    for image, *options in (["1.png"], ["2.png", "--zoom", "4"], ["3.tif", "--all"],
+                            ["4.bmp", "--zoom", "4", "--pan", "-0.3"],
+                            ["5.TIF", "--size", "1500x1300"], ["6.jpg", "--zoom", "9"]):
+        assert run(folder, "orvex-snapshot", "t.nwk", image, *options).stderr == ""
+        pictures.append(pixels(folder / image))
+        assert pictures.count(pictures[-1]) == 1, options
+    assert {picture[:2] for picture in pictures} == {(1000, 600), (1500, 1300)}
+    examples = list(pathlib.Path(__file__).parents[2].glob("examples/*.nwk"))
+    assert len(examples) > 3
+    for example in examples:
+        run(folder, "orvex-snapshot", example, "example.png").check_returncode()
+
+
+@scenario
+def generated_trees(folder):
+    """They are the same on every machine."""
+    def made(*arguments):
+        return run(folder, "orvex-generate", *arguments).stdout
+
+    assert made("random", "4", "--lengths") == (
+        "((Nordel_homus19:0.91268,Peru_zeni24:0.21477):0.89250,"
+        "(Xaor_cifi01:0.04573,Zegal_bama78:0.18283):0.89516);\n")
+    assert made("polytomy", "90") != made("polytomy", "90", "--seed", "7")
+    assert re.fullmatch(r"(\(\w+,){999}\w+\){999};\n", made("ladder", "1000"))
+
+
+@scenario
+def wrong_arguments(folder):
+    """What can't be done is told in one line, and leaves no file."""
+    (folder / "t.nwk").write_text("(a,b);")
+    (folder / "empty.nwk").write_text("")
+    before = sorted(folder.iterdir())
+    with socket.create_server(("127.0.0.1", 0)) as taken:
+        for program, *cases in (
+                ("orvex-snapshot", "t.nwk", "t.nwk x.png y.png", "none.nwk x.png",
+                 "empty.nwk x.png", "t.nwk x.xyz", "t.nwk no/x.png", "t.nwk x.png --size 0x5",
+                 "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue"),
+                ("orvex-generate", "", "star", "star 3 4", "star x", "star -3", "star 3x", "star 0",
+                 "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sed 4"),
+                ("orvex-tree-service", "", ". .", "--port", f"--port {taken.getsockname()[1]} .",
+                 "--port 0 .", "--port 65536 .", "--port 80x .", "--verbose .", "none", "t.nwk")):
+            for arguments in cases:
+                refused = run(folder, program, *arguments.split())
+                assert refused.returncode == 1 and re.fullmatch(
+                    program + ": [^\n]+\n", refused.stderr), refused
+    assert sorted(folder.iterdir()) == before
+
+
+@scenario
+def bad_fonts(folder):
+    """Whatever the one font of the machine is, the tree is drawn."""
+    def draw(font):
+        (folder / "fonts/font.ttf").write_bytes(font)
+        assert run(folder, "orvex-snapshot", "wide.nwk", "tree.png",
+                   FONTCONFIG_FILE=str(folder / "fonts.conf")).returncode == 0
+        return pixels(folder / "tree.png")
+
+    (folder / "wide.nwk").write_text(TREE)
+    (folder / "fonts").mkdir()
+    (folder / "fonts.conf").write_text(
+        f"<fontconfig><dir>{folder}/fonts</dir><cachedir>/proc/none</cachedir></fontconfig>")
+    file = subprocess.run(["fc-match", "-f", "%{file}", "Arial"], check=True, text=True,
+                          capture_output=True).stdout
+    font = pathlib.Path(file).read_bytes()
+    bare = draw(b"")
+    assert bare != draw(font), "the labels"
+    noise = random.Random(7)
+    assert bare == draw(noise.randbytes(10_000))
+    for size in (10, 1000, len(font) // 4, len(font) // 2, len(font) - 1000):
+        draw(font[:size])
+        draw(font[:size] + noise.randbytes(len(font) - size))

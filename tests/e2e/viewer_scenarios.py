@@ -1,0 +1,173 @@
+"""Scenarios of the viewer: what a user does, also where the machine or the tree service fails."""
+
+import random
+import re
+import resource
+import signal
+import subprocess
+
+from desktop import NAME, confirm, pixels, wait_for, xdotool
+from programs import (FAILED, LIST, LOG, SETTINGS, TREE, VIEWER, environment, good, run, scenario,
+                      service, serving, viewer)
+
+
+@scenario
+def use(folder):
+    (folder / "bad.nwk").write_text("a,b);")
+    with viewer(folder, leave=lambda main: main.menu("Quit")) as main:
+        whole = main.show()
+        main.zoom(8)
+        zoomed = main.changed(whole)
+        xdotool("mousemove", "--window", main.window, 400, 300, "mousedown", 1,
+                "mousemove_relative", "--", 0, -80, "mousemove_relative", 0, 10, "mouseup", 1)
+        width, height, shown = main.changed(zoomed)
+        main.export(folder / "picture.tif")
+        main.open("bad.nwk")
+        confirm(f"Error Loading File {folder}/bad.nwk")
+        w, h, exported = pixels(folder / "picture.tif")
+        assert w == width and 0 < height - h < h
+        below = shown[-len(exported):]  # the menu bar
+        assert sum(abs(a - b) < 8 for a, b in zip(below, exported)) > 0.999 * len(exported)
+    assert (folder / "exception.txt").read_text() == ""
+    log = (folder / LOG).read_text()
+    assert all(line.startswith("Qt ") for line in log.splitlines()), log
+    settings = (folder / SETTINGS).read_text()
+    for key in ("main_window_geometry=", f"file_dialog.last_directory.Open={folder}",
+                "file_dialog.last_filter.Export_Image="):
+        assert key in settings, settings
+
+
+@scenario
+def real_service(folder):
+    """The tree looks the same as the file opened directly; a dead server leaves it shown."""
+    (folder / "trees").mkdir()
+    (folder / "trees/first.nwk").write_text("(a" + ",b" * 50 + ");")
+    (folder / "trees/wide.nwk").write_text(TREE)
+    with viewer(folder) as main:
+        direct = main.show()
+        main.show("trees/first.nwk")
+        with serving(folder / "trees"):
+            main.open_second_of_service()
+            main.stays(direct)
+        main.menu("Open from tesmar")
+        confirm(FAILED)
+        main.stays(direct)
+    assert "Error 8033290760: Error 3886626924: " in (folder / LOG).read_text()
+
+
+@scenario
+def homes(folder):
+    with viewer(folder, HOME=str(folder / "not/there")) as main:
+        main.show()
+    assert (folder / "not/there" / LOG).exists()
+    for home, reason in (({}, "Error 3888703160: "), ({"HOME": ""}, "Error 3888703160: "),
+                         ({"HOME": "/proc/none"}, "boost::filesystem::")):
+        variables = {k: v for k, v in environment(folder).items() if k != "HOME"}
+        assert subprocess.run([VIEWER], cwd=folder, env={**variables, **home}).returncode == 1
+        text = (folder / "exception.txt").read_text()
+        assert text.startswith("Error 1630567380: " + reason), text
+
+
+def fill_disk():
+    """Lets the process that is about to start write no byte to a file."""
+    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+    resource.setrlimit(resource.RLIMIT_FSIZE, (0, 0))
+
+
+@scenario
+def nothing_can_be_written(folder):
+    with viewer(folder, fill_disk) as main:
+        shown = main.show()
+        main.export(folder / "picture.png")
+        main.stays(shown)
+    assert not list(folder.glob("picture*"))
+    (folder / LOG).unlink()
+    (folder / LOG).mkdir()
+    with viewer(folder, XDG_CONFIG_HOME="/proc/none") as main:
+        shown = main.show()
+        main.export("/proc/picture.png")
+        main.stays(shown)
+
+
+@scenario
+def garbage_in_settings(folder):
+    (folder / SETTINGS).parent.mkdir(parents=True)
+    for garbage in (random.Random(5).randbytes(100_000),
+                    b"[General]\nmain_window_geometry=@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x3)\n"
+                    b"file_dialog.last_directory.Open=@Invalid()\n"):
+        (folder / SETTINGS).write_bytes(garbage)
+        with viewer(folder) as main:
+            main.show()
+
+
+@scenario
+def no_opengl(folder):
+    with viewer(folder, QT_XCB_GL_INTEGRATION="none") as main:
+        main.open("wide.nwk")
+        confirm("Error Loading File .*")
+
+
+@scenario
+def bad_service(folder):
+    noise = random.Random(6).randbytes(9000)
+    with service() as (server, proxy), viewer(folder, **proxy) as main:
+        shown = main.show()
+        to_file = b"HTTP/1.0 302 Found\r\nLocation: file:///etc/passwd\r\n\r\n"
+        whatever_status = good(LIST).replace(b"200 OK", b"404 Not Found")
+        for pieces, title in (([], FAILED), ([good(LIST)[:-9]], FAILED), ([noise], FAILED),
+                              ([to_file], FAILED), ([whatever_status], "Dialog"),
+                              ([good(LIST)[:60], b"", good(LIST)[60:]], "Dialog")):
+            server.pieces = lambda _: pieces
+            main.menu("Open from tesmar")
+            confirm(title, keys=["Down", "Down", "Escape"])
+            main.stays(shown)
+        main.menu("Open from tesmar")
+        confirm("Dialog")  # no row is selected yet
+        main.stays(shown)
+        server.pieces = lambda request: [good(LIST if b"/trees " in request else b"{}")]
+        main.open_second_of_service()
+        confirm(FAILED)
+        main.stays(shown)
+    reasons = re.findall("Error 8033290760: .*(Empty|9 bytes|HTTP/0.9|\"file\"|a tree),? ?.*",
+                         (folder / LOG).read_text())
+    assert reasons == ["Empty", "9 bytes", "HTTP/0.9", '"file"', "a tree"], (folder / LOG).read_text()
+
+
+def ladder(levels):
+    return "(a," * levels + "b" + ")" * levels
+
+
+@scenario
+def ladders(folder):
+    """The deepest tree that there can be and one a level deeper, from the service and from a file,
+    in all that can be done with it."""
+    (folder / "deep.nwk").write_text(ladder(500_000))
+    words = run(folder, "orvex-snapshot", "deep.nwk", "deep.png").stderr
+    most = int(re.search("At most ([0-9]+) levels can be shown", words)[1])
+
+    def from_service(levels):
+        tree = (b'{"name":"","children":[{"name":"a","children":[]},' * levels +
+                b'{"name":"b","children":[]}' + b"]}" * levels)
+        server.pieces = lambda request: [
+            good(b'{"root":%s}' % tree if b"/trees/1" in request else LIST)]
+        main.open_second_of_service()
+
+    def from_file(levels):
+        (folder / "deep.nwk").write_text(ladder(levels))
+        main.open("deep.nwk")
+
+    with service() as (server, proxy), viewer(folder, **proxy) as main:
+        for source, refused in ((from_service, FAILED), (from_file, "Error Loading File .*")):
+            source(most + 1)
+            confirm(refused)
+            source(most)
+            main.settled()
+            main.menu("Info")
+            confirm("Tree info")
+            main.menu("Always Show Tree")
+            for _ in range(12):
+                main.zoom(10)
+                main.screenshot()
+            main.export(folder / "deep.png")
+            wait_for("the picture", (folder / "deep.png").exists)
+            (folder / "deep.png").unlink()
