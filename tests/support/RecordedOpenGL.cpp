@@ -53,12 +53,17 @@ RECORD(glDrawArrays, (GLenum mode, GLint first, GLsizei count), (mode, first, co
 RECORD(glEnable, (GLenum capability), (capability))
 RECORD(glEnableClientState, (GLenum array), (array))
 RECORD(glGenTextures, (GLsizei count, GLuint* names), (count, *names = 7))
+RECORD(glLoadIdentity, (), ())
+RECORD(glLoadMatrixd, (const GLdouble* m), (m[0], m[5], m[10], m[12], m[13], m[14], m[15]))
+RECORD(glMatrixMode, (GLenum mode), (mode))
 RECORD(glPixelStorei, (GLenum mode, GLint value), (mode, value))
 RECORD(glPolygonMode, (GLenum face, GLenum mode), (face, mode))
 RECORD(glPopAttrib, (), ())
 RECORD(glPopClientAttrib, (), ())
+RECORD(glPopMatrix, (), ())
 RECORD(glPushAttrib, (GLbitfield mask), (mask))
 RECORD(glPushClientAttrib, (GLbitfield mask), (mask))
+RECORD(glPushMatrix, (), ())
 RECORD(glTexImage2D,
        (GLenum target, GLint level, GLint internal, GLsizei width, GLsizei height, GLint border,
         GLenum format, GLenum type, const void* pixels),

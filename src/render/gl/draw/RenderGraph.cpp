@@ -1,6 +1,8 @@
 #include "render/gl/draw/RenderGraph.h"
 
 #include "render/gl/device/OpenGL.h"
+#include "render/gl/draw/Batch.h"
+#include "render/gl/draw/State.h"
 
 #include <boost/core/noncopyable.hpp>
 
@@ -23,6 +25,47 @@ public:
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisableClientState(GL_COLOR_ARRAY);
   }
+};
+
+/// Matrices under which one unit is one pixel of the window and everything lies where the plane of
+/// the tree lies in depth, for a scope.
+class PixelMatrices : private boost::noncopyable
+{
+public:
+  PixelMatrices(const Viewport& viewport, double depth)
+  {
+    const double x = viewport.x;
+    const double y = viewport.y;
+    auto pixels = Kelmar::Math::Matrix44d::orthographic(x, x + viewport.width, y,
+                                                        y + viewport.height, -1.0, 1.0);
+    pixels[14] = 2.0 * depth - 1.0;
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadMatrixd(pixels.data());
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+  }
+  ~PixelMatrices()
+  {
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+  }
+};
+
+/// One sample decides for its pixel, for a scope. With several a renderer may lose a part of a line
+/// that runs along a row or a column, and a line between two columns would be grey.
+class SingleSample : private boost::noncopyable
+{
+public:
+  SingleSample()
+  {
+    glPushAttrib(GL_MULTISAMPLE_BIT);
+    glDisable(GL_MULTISAMPLE);
+  }
+  ~SingleSample() { glPopAttrib(); }
 };
 
 /// Filled, blended, textured drawing, for a scope.
@@ -51,6 +94,13 @@ void renderAll(const RenderGraph::Drawables& drawables, State& state)
   {
     drawable->render(state);
   }
+  state.batch().flush();
+}
+
+void renderLines(const RenderGraph::Drawables& lines, State& state)
+{
+  const SingleSample sharp;
+  renderAll(lines, state);
 }
 
 } // namespace Detail
@@ -68,8 +118,12 @@ void RenderGraph::render(State& state) const
   glDisable(GL_LIGHTING);
   const Detail::LineArrays lines;
   glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+  const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
+  const double depth = (localToScreen * Kelmar::Math::Vector3d(0.0, 0.0, 0.0))[2];
+  const Detail::PixelMatrices pixels(state.viewport(), depth);
+  state.batch().begin(state.viewport(), localToScreen);
   Detail::renderAll(_lowLod, state);
-  Detail::renderAll(_highLod, state);
+  Detail::renderLines(_highLod, state);
   const Detail::LabelDrawing labels;
   Detail::renderAll(_text, state);
 }

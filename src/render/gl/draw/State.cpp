@@ -8,4 +8,13 @@ Kelmar::Math::Matrix44d State::getLocalToScreenMatrix() const
   return _viewport.computeWindowMatrix() * _projection * _modelView;
 }
 
+Batch& State::batch()
+{
+  if (!_batch)
+  {
+    _batch = new Batch;
+  }
+  return *_batch;
+}
+
 } // namespace orvex::render::gl

@@ -3,6 +3,9 @@
 #include "foundation/counted/Referenced.h"
 #include "foundation/math/Matrix44.h"
 #include "render/Viewport.h"
+#include "render/gl/draw/Batch.h"
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 
 namespace orvex::render::gl
 {
@@ -23,10 +26,15 @@ public:
   /// From the coordinates of the pass to window coordinates. Computed on each call.
   Kelmar::Math::Matrix44d getLocalToScreenMatrix() const;
 
+  /// What the drawables of the pass draw with; one is made where none was given.
+  Batch& batch();
+  void batch(const boost::intrusive_ptr<Batch>& batch) { _batch = batch; }
+
 private:
   Viewport _viewport;
   Kelmar::Math::Matrix44d _modelView;
   Kelmar::Math::Matrix44d _projection;
+  boost::intrusive_ptr<Batch> _batch;
 };
 
 } // namespace orvex::render::gl

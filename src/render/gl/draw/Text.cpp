@@ -1,6 +1,5 @@
 #include "render/gl/draw/Text.h"
 
-#include "foundation/math/InverseMatrix.h"
 #include "render/gl/device/OpenGL.h"
 #include "render/gl/draw/State.h"
 
@@ -86,14 +85,11 @@ Box2D Text::getBoundingBoxScreenSpace(const Kelmar::Math::Matrix44d& localToScre
 
 void Text::render(State& state) const
 {
-  const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
-  const Kelmar::Math::Vector3d anchor = anchorScreenSpace(localToScreen);
-  const Kelmar::Math::Matrix44d screenToLocal = inverseOrThrow(localToScreen);
+  const Kelmar::Math::Vector3d anchor = anchorScreenSpace(state.getLocalToScreenMatrix());
   const double centre = (_boundingBox.maximum.y + _boundingBox.minimum.y) * 0.5;
 
   glPushMatrix();
-  glMultMatrixd(screenToLocal.data()); // from here on one unit is one pixel
-  glTranslated(anchor[0], anchor[1] - centre, anchor[2]);
+  glTranslated(anchor[0], anchor[1] - centre, 0.0);
   for (std::size_t i = 0; i < _glyphs.size(); ++i)
   {
     glVertexPointer(2, GL_FLOAT, 0, quad(i));

@@ -31,7 +31,8 @@ public:
   /// The label's box in window pixels. Not centred: centring is for drawing only.
   Box2D getBoundingBoxScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const;
 
-  /// Needs the vertex, colour and texture coordinate arrays and blending enabled.
+  /// Needs the vertex, colour and texture coordinate arrays and blending enabled, and matrices
+  /// under which one unit is one pixel of the window.
   void render(State& state) const override;
 
   const std::string& text() const { return _text; }

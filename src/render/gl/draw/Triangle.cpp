@@ -1,24 +1,19 @@
 #include "render/gl/draw/Triangle.h"
 
-#include "render/gl/device/OpenGL.h"
+#include "render/gl/draw/Batch.h"
+#include "render/gl/draw/State.h"
 
-using orvex::render::gl::toVertex;
-
-namespace Detail
-{
-
-constexpr float green[12] = {0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 0, 1};
-
-} // namespace Detail
-
-Triangle::Triangle(const Point& a, const Point& b, const Point& c)
-    : _vertices{toVertex(a), toVertex(b), toVertex(c)}
+Triangle::Triangle(const Point& node, const orvex::render::Box2D& clade)
+    : _node(node), _right(clade.maximum.x), _bottom(clade.minimum.y), _top(clade.maximum.y)
 {
 }
 
-void Triangle::render(orvex::render::gl::State&) const
+void Triangle::render(orvex::render::gl::State& state) const
 {
-  glVertexPointer(2, GL_FLOAT, 0, _vertices.data());
-  glColorPointer(4, GL_FLOAT, 0, Detail::green);
-  glDrawArrays(GL_TRIANGLES, 0, 3);
+  state.batch().triangle(_node, {_right, _bottom}, {_right, _top});
+}
+
+std::array<Triangle::Point, 3> Triangle::vertices() const
+{
+  return {{_node, {_right, _bottom}, {_right, _top}}};
 }

@@ -1,24 +1,29 @@
 #pragma once
 
+#include "render/Box2D.h"
+#include "render/Point2D.h"
 #include "render/gl/draw/Drawable.h"
-#include "render/gl/draw/VertexTypes.h"
 
 #include <array>
 
-/// The proxy of a clade: a green triangle from the clade's node to the ends of its leaf column, in
+/// The proxy of a clade: a green triangle from the clade's node to the right corners of its box, in
 /// world units. Drawn with the polygon mode GL_LINE it is an outline.
 class Triangle : public orvex::render::gl::Drawable
 {
 public:
   using Point = orvex::render::Point2D<double>;
 
-  Triangle(const Point& a, const Point& b, const Point& c);
+  Triangle(const Point& node, const orvex::render::Box2D& clade);
 
-  /// Needs the vertex and colour arrays enabled.
+  /// Adds the triangle to the batch of the pass.
   void render(orvex::render::gl::State& state) const override;
 
-  const std::array<orvex::render::gl::Vector2f, 3>& vertices() const { return _vertices; }
+  /// The node, the lower right corner and the upper right one.
+  std::array<Point, 3> vertices() const;
 
 private:
-  std::array<orvex::render::gl::Vector2f, 3> _vertices;
+  Point _node;
+  double _right;
+  double _bottom;
+  double _top;
 };

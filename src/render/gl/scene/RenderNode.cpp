@@ -25,8 +25,7 @@ RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
     _lodFraction = 1.0 - info.depthToLeaf / static_cast<double>(root.depthToLeaf);
   }
   _boundingBox = info.boundingBox;
-  _lowLod = new Triangle(info.position, {_boundingBox.maximum.x, _boundingBox.minimum.y},
-                         {_boundingBox.maximum.x, _boundingBox.maximum.y});
+  _lowLod = new Triangle(info.position, _boundingBox);
   _highLod = new LineStrip(info.edges);
 }
 

@@ -6,6 +6,7 @@
 #include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/device/OpenGL.h"
 #include "render/gl/device/Texture2D.h"
+#include "render/gl/draw/Batch.h"
 #include "render/gl/draw/RenderGraph.h"
 #include "render/gl/scene/CullVisitor.h"
 #include "render/gl/scene/SceneBuilder.h"
@@ -56,7 +57,7 @@ void requireNoError()
 
 } // namespace Detail
 
-ViewCladogram::ViewCladogram()
+ViewCladogram::ViewCladogram() : _batch(new Batch)
 {
   glewInit();
   glClearColor(0, 0, 0, 1);
@@ -135,6 +136,7 @@ void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
 
 void ViewCladogram::_cullAndDraw(State& state, bool drawText)
 {
+  state.batch(_batch);
   RenderGraph graph;
   const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
       &state, camera()->zoomLevel(), camera()->numberOfZoomLevels(), &graph, settings()));

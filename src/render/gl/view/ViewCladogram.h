@@ -12,6 +12,7 @@
 namespace orvex::render::gl
 {
 
+class Batch;
 class FrameBufferObject;
 class State;
 class Texture2D;
@@ -63,6 +64,8 @@ private:
   std::unique_ptr<FrameBufferObject> _frameBuffer;
   // The finished picture; null without framebuffer support.
   boost::intrusive_ptr<Texture2D> _thumbnailTexture;
+  // What all passes draw with.
+  boost::intrusive_ptr<Batch> _batch;
 };
 
 } // namespace orvex::render::gl

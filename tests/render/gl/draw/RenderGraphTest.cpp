@@ -40,18 +40,30 @@ TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
   graph.addHighLod(nullptr);
   graph.addLowLod(nullptr);
   const boost::intrusive_ptr<State> state(new State);
+  state->viewport({10, 20, 100, 200});
+  // From the viewport's pixels to clip space, at the depth of the world's plane.
+  constexpr double toPixels[16] = {0.02, 0, 0, 0, 0, 0.01, 0, 0, 0, 0, -1, 0, -1.2, -1.2, 0, 1};
   EXPECT_EQ(callsOf([&] { graph.render(*state); }),
             callsOf(
-                []
+                [&]
                 {
                   glDisable(GL_LIGHTING);
                   glEnableClientState(GL_VERTEX_ARRAY);
                   glEnableClientState(GL_COLOR_ARRAY);
                   glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+                  glMatrixMode(GL_PROJECTION);
+                  glPushMatrix();
+                  glLoadMatrixd(toPixels);
+                  glMatrixMode(GL_MODELVIEW);
+                  glPushMatrix();
+                  glLoadIdentity();
                   noteCall("proxy 1");
                   noteCall("proxy 2");
+                  glPushAttrib(GL_MULTISAMPLE_BIT);
+                  glDisable(GL_MULTISAMPLE);
                   noteCall("lines 1");
                   noteCall("lines 2");
+                  glPopAttrib();
                   glPushAttrib(GL_TEXTURE_BIT | GL_ENABLE_BIT | GL_POLYGON_BIT);
                   glEnable(GL_BLEND);
                   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -62,6 +74,10 @@ TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
                   glDisableClientState(GL_TEXTURE_COORD_ARRAY);
                   glDisable(GL_TEXTURE_2D);
                   glPopAttrib();
+                  glMatrixMode(GL_PROJECTION);
+                  glPopMatrix();
+                  glMatrixMode(GL_MODELVIEW);
+                  glPopMatrix();
                   glDisableClientState(GL_VERTEX_ARRAY);
                   glDisableClientState(GL_COLOR_ARRAY);
                 }));

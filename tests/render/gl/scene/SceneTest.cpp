@@ -27,18 +27,18 @@ using orvex::test::Scene;
 /// A node and what is below it as indented text: the proxy's corners, then those of the lines.
 void write(const RenderNode& node, const std::string& indent, std::ostream& out)
 {
-  const auto& lines = dynamic_cast<const LineStrip&>(*node.highLod());
+  const auto point = [&](const Point2D<double>& p) { out << " " << p.x << "," << p.y; };
   out << indent << node.nodeId() << " lod " << node.lodFraction() << " proxy";
-  const auto points = [&](const auto& vertices)
+  for (const Point2D<double>& corner : dynamic_cast<const Triangle&>(*node.lowLod()).vertices())
   {
-    for (const Vector2f& vertex : vertices)
-    {
-      out << " " << vertex[0] << "," << vertex[1];
-    }
-  };
-  points(dynamic_cast<const Triangle&>(*node.lowLod()).vertices());
-  out << " lines of " << testing::PrintToString(lines.lengths());
-  points(lines.vertices());
+    point(corner);
+  }
+  PackedLines::Reader reader(dynamic_cast<const LineStrip&>(*node.highLod()).lines());
+  while (reader.next())
+  {
+    out << (reader.beginsLine() ? " line" : "");
+    point(reader.vertex());
+  }
   out << "\n";
   for (const auto& child : node.children())
   {
@@ -64,13 +64,13 @@ TEST(Scene, MirrorsTheTreeWithLabelsFirst)
   EXPECT_EQ(out.str(), R"(A at 1.001 1
 B at 1.001 0.6667
 C at 1.001 0.3333
-0 lod 0 proxy 0,0.5833 1,0.3333 1,1 lines of { 3, 3 })"
-                       R"( 0,0.5833 0,0.8333 0.7404,0.8333 0,0.5833 0,0.3333 1,0.3333
-  1 lod 0.5 proxy 0.7404,0.8333 1,0.6667 1,1 lines of { 3, 3 })"
-                       R"( 0.7404,0.8333 0.7404,1 1,1 0.7404,0.8333 0.7404,0.6667 1,0.6667
-    2 lod 1 proxy 1,1 1,1 1,1 lines of {}
-    3 lod 1 proxy 1,0.6667 1,0.6667 1,0.6667 lines of {}
-  4 lod 1 proxy 1,0.3333 1,0.3333 1,0.3333 lines of {}
+0 lod 0 proxy 0,0.5833 1,0.3333 1,1)"
+                       R"( line 0,0.5833 0,0.8333 0.7404,0.8333 line 0,0.5833 0,0.3333 1,0.3333
+  1 lod 0.5 proxy 0.7404,0.8333 1,0.6667 1,1)"
+                       R"( line 0.7404,0.8333 0.7404,1 1,1 line 0.7404,0.8333 0.7404,0.6667 1,0.6667
+    2 lod 1 proxy 1,1 1,1 1,1
+    3 lod 1 proxy 1,0.6667 1,0.6667 1,0.6667
+  4 lod 1 proxy 1,0.3333 1,0.3333 1,0.3333
 )");
 }
 
