@@ -1,5 +1,6 @@
 #include "tree/NewickReader.h"
 
+#include "tree/BadBranchLength.h"
 #include "tree/Tree.h"
 
 #include <boost/algorithm/string/find.hpp>
@@ -7,9 +8,9 @@
 #include <boost/lexical_cast.hpp>
 #include <boost/make_shared.hpp>
 
-#include <algorithm>
 #include <charconv>
 #include <fstream>
+#include <new>
 #include <stdexcept>
 
 namespace orvex
@@ -19,77 +20,159 @@ namespace Detail
 
 // The number that boost::lexical_cast gives, without the stream that it builds for each. The plain
 // forms are those on which the two agree; all else, errors included, is left to lexical_cast.
-double toDistance(const std::string& text)
+// False if the text is no number.
+bool toDistance(const std::string& text, double& value)
 {
   const char* end = text.data() + text.size();
-  double value = 0.0;
   if (text.find_first_not_of("0123456789.-eE") == std::string::npos)
   {
     const auto [stop, error] = std::from_chars(text.data(), end, value);
     if (error == std::errc() && stop == end)
     {
-      return value;
+      return true;
     }
   }
-  return boost::lexical_cast<double>(text);
+  return boost::conversion::try_lexical_convert(text, value);
 }
 
-// Every "(" makes a node, and a group has one item more than it has commas. That is exact for one
-// tree; for several it is a little less.
-std::size_t expectedNodes(const std::string& contents)
+// The number of nodes that the steps below make of a text: one for each "(", and one for each ","
+// or ")" that ends a leaf, which is one that no ")" came before.
+std::size_t countNodes(const std::string& contents)
 {
-  const auto number = [&](char c) { return std::count(contents.begin(), contents.end(), c); };
-  return static_cast<std::size_t>(number(',') + number('(') + 1);
+  std::size_t nodes = 0;
+  bool childClosed = false;
+  for (const char c : contents)
+  {
+    if (c == '(' || c == ',' || c == ')')
+    {
+      nodes += c == '(' || !childClosed ? 1 : 0;
+      childClosed = c == ')';
+    }
+  }
+  return nodes;
 }
 
-} // namespace Detail
-
-boost::shared_ptr<Tree> NewickReader::operator()(const std::string& filename)
+std::string readLines(const std::string& filename)
 {
-  const boost::filesystem::path path(filename);
   std::string contents;
-  contents.reserve(boost::filesystem::file_size(path));
+  contents.reserve(boost::filesystem::file_size(boost::filesystem::path(filename)));
 
   std::ifstream in(filename, std::ios_base::in);
   if (!in.is_open())
   {
     throw std::runtime_error("Could not open file.");
   }
+  // A stream keeps to itself what went wrong, unless it is asked to throw.
+  in.exceptions(std::ios_base::badbit);
   std::string line;
   while (std::getline(in, line, '\n'))
   {
     contents += line;
   }
-  // A broken disk ends the loop too, and what was read so far is no tree to show.
-  if (in.bad())
+  return contents;
+}
+
+// What was read so far is no tree to show if the disk breaks or memory runs out.
+std::string read(const std::string& filename)
+{
+  try
+  {
+    return readLines(filename);
+  }
+  catch (const std::ios_base::failure&)
   {
     throw std::runtime_error("Could not read file.");
   }
-  return parseContents(contents);
+  catch (const std::bad_alloc&)
+  {
+    throw std::runtime_error("There is not enough memory for the text of the file.");
+  }
+}
+
+// Where the length begins that ends before a position. Only a "(" can stand in an item and be no
+// part of its text.
+std::size_t beginOfLength(const std::string& contents, std::size_t end, std::size_t size)
+{
+  std::size_t begin = end;
+  for (std::size_t left = size; left > 0;)
+  {
+    --begin;
+    left -= contents[begin] == '(' ? 0 : 1;
+  }
+  return begin;
+}
+
+// The lines are counted in the file again: that costs nothing as long as all is well.
+void placeInFile(BadBranchLength& error, const std::string& filename)
+{
+  std::ifstream in(filename, std::ios_base::in);
+  std::size_t number = 1;
+  std::size_t before = 0;
+  for (std::string line; std::getline(in, line) && before + line.size() <= error.offset(); ++number)
+  {
+    before += line.size();
+  }
+  error.place(error.offset(), number, error.offset() - before + 1);
+}
+
+} // namespace Detail
+
+boost::shared_ptr<Tree> NewickReader::operator()(const std::string& filename)
+{
+  const std::string contents = Detail::read(filename);
+  try
+  {
+    return parseContents(contents);
+  }
+  catch (BadBranchLength& e)
+  {
+    Detail::placeInFile(e, filename);
+    throw;
+  }
 }
 
 boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
 {
-  _tree.reset();
-  _expectedNodes = Detail::expectedNodes(contents);
-  for (const char c : contents)
+  // The nodes on the stack are those of the tree that was read before.
+  if (_depth != 0 || !_nodeStack.empty())
   {
-    switch (c)
+    throw std::logic_error("A Newick reader whose last text was not complete reads no other.");
+  }
+  _tree.reset();
+  _expectedNodes = Detail::countNodes(contents);
+  std::size_t position = 0;
+  try
+  {
+    for (; position < contents.size(); ++position)
     {
-    case '(':
-      _onOpenParentheses();
-      break;
-    case ')':
-      _onCloseParentheses();
-      break;
-    case ',':
-      _onComma();
-      break;
-    default:
-      _onCharacter(c);
+      _onByte(contents[position]);
     }
   }
+  catch (BadBranchLength& e)
+  {
+    const std::size_t begin = Detail::beginOfLength(contents, position, e.length().size());
+    e.place(begin, 1, begin + 1);
+    throw;
+  }
   return _tree;
+}
+
+void NewickReader::_onByte(char c)
+{
+  switch (c)
+  {
+  case '(':
+    _onOpenParentheses();
+    break;
+  case ')':
+    _onCloseParentheses();
+    break;
+  case ',':
+    _onComma();
+    break;
+  default:
+    _onCharacter(c);
+  }
 }
 
 void NewickReader::_onCharacter(char c)
@@ -170,7 +253,12 @@ void NewickReader::_parseAnnotation(int id)
     return;
   }
   _tree->setName(id, std::string(token.begin(), colon.begin()));
-  _tree->setDistanceToParent(id, Detail::toDistance(std::string(colon.end(), token.end())));
+  double distance = 0.0;
+  if (!Detail::toDistance(std::string(colon.end(), token.end()), distance))
+  {
+    throw BadBranchLength(token);
+  }
+  _tree->setDistanceToParent(id, distance);
 }
 
 } // namespace orvex

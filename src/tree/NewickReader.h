@@ -12,7 +12,8 @@ namespace orvex
 
 class Tree;
 
-/// Reads a tree in Newick form in one pass over its bytes. A reader serves one file.
+/// Reads a tree in Newick form in one pass over its bytes. A reader serves one file: after a text
+/// that was not complete it refuses another.
 ///
 /// It knows three structural characters, "(", ")" and ",", and a ":" that divides a token into name
 /// and branch length. Every other byte is text of a token: blanks, quotes, square brackets and
@@ -28,13 +29,15 @@ public:
   /// \return the tree, or null if the file has no "("
   /// \throws boost::filesystem::filesystem_error  if there is no such file
   /// \throws std::runtime_error  if it can't be opened or read, or a "," or ")" stands outside
-  /// \throws boost::bad_lexical_cast  if a branch length is no number
+  /// \throws BadBranchLength, a boost::bad_lexical_cast, if a branch length is no number
+  /// \throws std::logic_error  if an earlier text of this reader was not complete
   boost::shared_ptr<Tree> operator()(const std::string& filename);
 
   /// The same for text in memory.
   boost::shared_ptr<Tree> parseContents(const std::string& contents);
 
 private:
+  void _onByte(char c);
   void _onCharacter(char c);
   void _onOpenParentheses();
   void _onComma();

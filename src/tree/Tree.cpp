@@ -1,6 +1,8 @@
 #include "tree/Tree.h"
 
 #include <algorithm>
+#include <limits>
+#include <stdexcept>
 
 namespace orvex
 {
@@ -40,10 +42,27 @@ unsigned int findMaximumDepthToLeaf(const Tree& tree, int id, unsigned int depth
   return deepest;
 }
 
+// Ids are numbers of type int, and so is the number of nodes.
+void requireIds(std::size_t numberOfNodes)
+{
+  constexpr std::size_t most = std::numeric_limits<int>::max();
+  if (numberOfNodes > most)
+  {
+    throw std::length_error("A tree can have at most " + std::to_string(most) + " nodes.");
+  }
+}
+
 } // namespace Detail
+
+void Tree::reserve(std::size_t numberOfNodes)
+{
+  Detail::requireIds(numberOfNodes);
+  _graph.m_vertices.reserve(numberOfNodes);
+}
 
 int Tree::createNode()
 {
+  Detail::requireIds(boost::num_vertices(_graph) + 1);
   const Vertex vertex = boost::add_vertex(_graph);
   _graph[vertex].distanceToParent = 0.0;
   return static_cast<int>(vertex);

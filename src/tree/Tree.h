@@ -39,8 +39,10 @@ public:
   virtual ~Tree() = default;
 
   /// Makes room, so that so many nodes are created without moving those that are there.
-  void reserve(std::size_t numberOfNodes) { _graph.m_vertices.reserve(numberOfNodes); }
+  /// \throws std::length_error  if an id can't count so many
+  void reserve(std::size_t numberOfNodes);
   /// \return the id of a new node without name, distance and children
+  /// \throws std::length_error  if there is no further id
   int createNode();
   /// Makes \p child the last child of \p parent. That it has no other parent is the caller's
   /// promise.

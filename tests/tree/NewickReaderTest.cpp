@@ -64,14 +64,22 @@ TEST(NewickReader, ReadsWhatStandsThere)
            {"(a,b))", "Unexcepted ')' encountered"},
            {")", "Unexcepted ')' encountered"},
            {"(a,b),c", "Unexpected comma encountered"},
-           {"a,b", "Unexpected comma encountered"}})
+           {"a,b", "Unexpected comma encountered"},
+           {"(('k:x; y':1,c))", // a name like those of reference trees
+            R"(Line 1, column 6: "x; y':1" is no branch length. It follows the name "'k". )"
+            "Quotes and comments have no meaning in this format."},
+           {"(b:(1a))", R"(Line 1, column 5: "1a" is no branch length. It follows the name "b".)"}})
   {
     EXPECT_EQ(outcome(text), tree) << text;
   }
   const std::string large = "(" + std::string(1'000'000, '\xE9') + ",b)";
   EXPECT_TRUE(outcome(large) == large);
   // The first of two trees is left behind in the second one's store.
-  EXPECT_EQ(NewickReader().parseContents("((a,b)x,c)(d)")->getRootNodeId(), 5);
+  NewickReader reader;
+  EXPECT_EQ(reader.parseContents("((a,b)x,c)(d)")->getRootNodeId(), 5);
+  EXPECT_EQ(reader.parseContents("(a,(b")->getNumberOfNodes(), 3u);
+  EXPECT_THAT(errorOf([&] { reader.parseContents("(c,d)"); }), testing::HasSubstr("no other"))
+      << "its groups are still open";
 }
 
 void expectLengthAsTheLibrary(const std::string& length)
@@ -112,6 +120,8 @@ TEST(NewickReader, JoinsTheLinesOfAFileOrTellsWhyItCannotBeRead)
   for (const auto& [text, tree] : std::vector<std::pair<std::string, std::string>>{
            {"((long\nname\r\n,b\n)\n\nx,\n\nc);\n", "((longname\r,b)x,c)"},
            {"(a,\nb)", "(a,b)"},
+           {"((a:1,\nb\nc:2\r))",
+            R"(Line 3, column 3: "2\r" is no branch length. It follows the name "bc".)"},
            {"", "none"}})
   {
     EXPECT_EQ(outcome(written(folder + "/lines.nwk", text), true), tree);

@@ -1,5 +1,7 @@
 #include "tree/Tree.h"
 
+#include "support/Outcome.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -12,6 +14,8 @@ using orvex::Tree;
 TEST(Tree, KeepsWhatAReaderFillsIn)
 {
   Tree tree;
+  EXPECT_THAT(orvex::test::errorOf([&] { tree.reserve(2147483648u); }),
+              testing::HasSubstr("at most 2147483647 nodes"));
   EXPECT_EQ(tree.getRootNodeId(), -1);
   for (int i = 0; i < 5; ++i)
   {
