@@ -46,9 +46,13 @@ void report(const Pieces&... pieces) noexcept
 
 } // namespace Detail
 
+using State = ::Helper::InstanceShard::State;
+
 Careful::Careful()
 {
-  ::Helper::instanceManager.add(*this);
+  ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
+  const Detail::Lock lock(shard.mutex());
+  shard.add(*this);
 }
 
 Careful::Careful(const Careful&) : Careful() {}
@@ -61,15 +65,15 @@ Careful& Careful::operator=(const Careful&)
 
 Careful::~Careful() noexcept(false)
 {
-  ::Helper::instanceManager.remove(*this);
+  ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
+  State last = State::None;
   unsigned long count = 0;
-  bool marked = false;
   {
-    const Detail::Lock lock(_mutex);
+    const Detail::Lock lock(shard.mutex());
+    last = shard.remove(*this);
     count = _refCount;
-    marked = _markedForDeletion;
   }
-  if (!marked)
+  if (last != State::Doomed)
   {
     Detail::report("Error 2592561907: Deleting object ", static_cast<const void*>(this),
                    " which has not been marked for deletion");
@@ -93,29 +97,30 @@ std::string Careful::_describe() const
 
 unsigned long Careful::refCount() const
 {
-  const Detail::Lock lock(_mutex);
+  const Detail::Lock lock(::Helper::instanceManager.shardOf(*this).mutex());
   return _refCount;
 }
 
 void Careful::ref()
 {
-  const Detail::Lock lock(_mutex);
-  if (_markedForDeletion)
-  {
-    throw std::runtime_error(
-        "Error 3162870490: " + _describe() +
-        ", attempting to reference an object that has been marked for deletion");
-  }
+  ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
+  const Detail::Lock lock(shard.mutex());
   if (_refCount == std::numeric_limits<unsigned long>::max())
   {
     throw std::runtime_error("Error 4544591930: " + _describe() + ", attempting to increment '" +
                              Detail::nameOf(typeid(_refCount)) + "' with a value of " +
                              std::to_string(_refCount) + " will overflow");
   }
-  // Only now is the most derived type known: during construction it was the base's.
   if (_refCount == 0)
   {
-    ::Helper::instanceManager.storeType(*this);
+    if (shard.state(*this) == State::Doomed)
+    {
+      throw std::runtime_error(
+          "Error 3162870490: " + _describe() +
+          ", attempting to reference an object that has been marked for deletion");
+    }
+    // Only now is the most derived type known: during construction it was the base's.
+    ::Helper::instanceManager.storeType(*this, shard);
   }
   ++_refCount;
 }
@@ -123,33 +128,34 @@ void Careful::ref()
 void Careful::unref(bool allowDeletion)
 {
   {
-    const Detail::Lock lock(_mutex);
-    if (_markedForDeletion)
-    {
-      throw std::runtime_error(
-          "Error 3760700259: " + _describe() +
-          ", attempting to dereference an object that has been marked for deletion");
-    }
+    ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
+    const Detail::Lock lock(shard.mutex());
     if (_refCount == 0)
     {
-      throw std::runtime_error("Error 1107142984: " + _describe() +
-                               ", attempting to decrement a reference count that is already zero");
+      throw std::runtime_error(
+          shard.state(*this) == State::Doomed
+              ? "Error 3760700259: " + _describe() +
+                    ", attempting to dereference an object that has been marked for deletion"
+              : "Error 1107142984: " + _describe() +
+                    ", attempting to decrement a reference count that is already zero");
     }
     --_refCount;
     if (_refCount != 0 || !allowDeletion)
     {
       return;
     }
-    _markedForDeletion = true;
+    shard.state(*this, State::Doomed);
   }
+  _delete();
+}
 
-  // The name outlives the object: the manager keeps it.
-  static const std::string unknown;
-  const std::string& type = _registeredType ? *_registeredType : unknown;
+void Careful::_delete()
+{
+  const std::type_info& type = typeid(*this);
   const auto failure = [this, &type](const char* number)
   {
     return std::string("Error ") + number + ": deleting address " + Detail::addressOf(this) +
-           " of type '" + type + "' caused an exception";
+           " of type '" + ::Helper::instanceManager.nameOf(type) + "' caused an exception";
   };
   try
   {

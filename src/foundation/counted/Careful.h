@@ -1,13 +1,6 @@
 #pragma once
 
-#include <boost/thread/mutex.hpp>
-
 #include <string>
-
-namespace Helper
-{
-class InstanceManager;
-}
 
 namespace Kelmar::Base::Ref
 {
@@ -17,12 +10,14 @@ namespace Kelmar::Base::Ref
 /// Objects are made with new and die by the unref that drops their last reference. While an object
 /// lives it is registered with Helper::instanceManager: with an empty type name at first, with its
 /// own from the first reference on. Misuse is a std::runtime_error with a numbered text; a
-/// destructor can't throw, so it reports on std::cout. Safe for several threads; where two locks
-/// are held, the object's mutex is taken before the manager's.
-class Careful
+/// destructor can't throw, so it reports on std::cout. Safe for several threads: a fixed number of
+/// locks, which the manager owns, guards the counts of all objects.
+///
+/// Aligned as memory is that new gives, so that the manager's record is small.
+class alignas(16) Careful
 {
 public:
-  /// \throws boost::thread_resource_error  if the mutex can't be made
+  /// \throws std::bad_alloc  if the manager finds no memory for its record
   Careful();
   /// A copy is an object of its own: neither count nor mark are taken over.
   Careful(const Careful& other);
@@ -49,20 +44,13 @@ public:
   unsigned long refCount() const;
 
 private:
-  friend class ::Helper::InstanceManager;
-
   std::string _describe() const;
+  void _delete();
 
+  // Guarded by the lock of the manager's shard, which also knows whether the object is being
+  // deleted. The largest tree has more than a hundred million of these objects: nothing else may
+  // stand here.
   unsigned long _refCount = 0;
-  bool _markedForDeletion = false;
-  mutable boost::mutex _mutex;
-
-  // The manager's record of this object, guarded by the manager's mutex: its neighbours in the
-  // list of live objects, and its type's name, which the manager owns. Null before the first
-  // reference.
-  Careful* _previousInstance = nullptr;
-  Careful* _nextInstance = nullptr;
-  const std::string* _registeredType = nullptr;
 };
 
 /// What boost::intrusive_ptr calls. A null object is an error here, since a member function can't

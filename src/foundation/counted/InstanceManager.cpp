@@ -4,6 +4,7 @@
 
 #include <boost/thread/lock_guard.hpp>
 
+#include <cstdint>
 #include <cstdio>
 #include <new>
 #include <sstream>
@@ -30,11 +31,11 @@ InstanceManager instanceManager;
 
 InstanceManager::~InstanceManager()
 {
-  if (!_first)
+  const Objects left = objects();
+  if (left.empty())
   {
     return;
   }
-  const Objects left = objects();
   Detail::print(std::to_string(left.size()) + " objects remaining:\n");
   for (const auto& [object, type] : left)
   {
@@ -44,75 +45,63 @@ InstanceManager::~InstanceManager()
   }
 }
 
-void InstanceManager::add(Kelmar::Base::Ref::Careful& object)
+void InstanceManager::storeType(const Kelmar::Base::Ref::Careful& object, InstanceShard& shard)
 {
-  const Detail::Lock lock(_mutex);
-  object._nextInstance = _first;
-  if (_first)
-  {
-    _first->_previousInstance = &object;
-  }
-  _first = &object;
-  ++_numberOfObjects;
-}
-
-void InstanceManager::remove(Kelmar::Base::Ref::Careful& object)
-{
-  const Detail::Lock lock(_mutex);
-  if (object._nextInstance)
-  {
-    object._nextInstance->_previousInstance = object._previousInstance;
-  }
-  if (object._previousInstance)
-  {
-    object._previousInstance->_nextInstance = object._nextInstance;
-  }
-  else
-  {
-    _first = object._nextInstance;
-  }
-  --_numberOfObjects;
-}
-
-void InstanceManager::storeType(Kelmar::Base::Ref::Careful& object)
-{
-  const Detail::Lock lock(_mutex);
+  // A class has one name, so its objects need not be asked again and again.
+  const std::type_info* type = &typeid(object);
+  auto& place =
+      _named[reinterpret_cast<std::uintptr_t>(type) / alignof(std::type_info) % _named.size()];
   // The caller holds the object by a plain pointer until its first reference stands, so that an
   // exception here would leave it behind. A name only serves reports.
   try
   {
-    object._registeredType = _name(object);
+    if (place.load(std::memory_order_relaxed) != type)
+    {
+      const Detail::Lock lock(_typeNamesMutex);
+      if (_typeNames.find(type) == _typeNames.end())
+      {
+        _typeNames.emplace(type, object.typeName());
+      }
+      place.store(type, std::memory_order_relaxed);
+    }
+    shard.state(object, InstanceShard::State::Named);
   }
   catch (const std::bad_alloc&)
   {
   }
 }
 
-const std::string* InstanceManager::_name(const Kelmar::Base::Ref::Careful& object)
+std::string InstanceManager::nameOf(const std::type_info& type) const
 {
-  // A class has one name, so its objects need not be asked again and again.
-  const std::type_info* type = &typeid(object);
-  auto known = _typeNames.find(type);
-  if (known == _typeNames.end())
-  {
-    known = _typeNames.emplace(type, object.typeName()).first;
-  }
-  return &known->second;
+  const Detail::Lock lock(_typeNamesMutex);
+  const auto known = _typeNames.find(&type);
+  return known == _typeNames.end() ? std::string() : known->second;
 }
 
 std::size_t InstanceManager::numberOfObjects() const
 {
-  const Detail::Lock lock(_mutex);
-  return _numberOfObjects;
+  std::size_t all = 0;
+  for (const InstanceShard& shard : _shards)
+  {
+    const Detail::Lock lock(shard.mutex());
+    all += shard.numberOfObjects();
+  }
+  return all;
 }
 
 InstanceManager::Objects InstanceManager::objects() const
 {
-  const Detail::Lock lock(_mutex);
   Objects all;
-  for (const Kelmar::Base::Ref::Careful* object = _first; object; object = object->_nextInstance)
+  for (const InstanceShard& shard : _shards)
   {
-    all.emplace(object, object->_registeredType ? *object->_registeredType : std::string());
+    InstanceShard::States states;
+    const Detail::Lock lock(shard.mutex());
+    shard.list(states);
+    for (const auto& [object, state] : states)
+    {
+      const bool named = state != InstanceShard::State::Unnamed;
+      all.emplace(object, named ? nameOf(typeid(*object)) : std::string());
+    }
   }
   return all;
 }

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "foundation/counted/InstanceShard.h"
+
 #include <boost/core/noncopyable.hpp>
 #include <boost/thread/mutex.hpp>
 
+#include <array>
+#include <atomic>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -19,10 +23,9 @@ namespace Helper
 /// Knows every counted object alive, with its type's name, and lists on stderr those that are left
 /// when the program ends.
 ///
-/// A large tree has some eleven counted objects for each leaf. So the record of an object lies in
-/// the object itself, as a link of a list, and names are kept once for each type: to add or remove
-/// an object costs a lock and a few stores. The order by address, which only the report needs, is
-/// made when it is asked for.
+/// Names are kept once for each type. The objects are known by shards, each with a lock that also
+/// guards their counts: an object with a lock of its own would be some times as large. The order
+/// by address, which only the report needs, is made when it is asked for.
 class InstanceManager : private boost::noncopyable
 {
 public:
@@ -32,10 +35,16 @@ public:
   /// Writes the report, if any object is left.
   ~InstanceManager();
 
-  void add(Kelmar::Base::Ref::Careful& object);
-  void remove(Kelmar::Base::Ref::Careful& object);
-  /// Stores the object's typeName(); without memory for it the name stays empty.
-  void storeType(Kelmar::Base::Ref::Careful& object);
+  InstanceShard& shardOf(const Kelmar::Base::Ref::Careful& object)
+  {
+    return _shards[InstanceShard::indexOf(object, _shards.size())];
+  }
+
+  /// Stores the object's typeName() in its shard, whose lock the caller holds; without memory for
+  /// it the name stays empty.
+  void storeType(const Kelmar::Base::Ref::Careful& object, InstanceShard& shard);
+  /// What the objects of a class gave as typeName(); empty if none was stored.
+  std::string nameOf(const std::type_info& type) const;
 
   std::size_t numberOfObjects() const;
 
@@ -44,12 +53,12 @@ public:
   Objects objects() const;
 
 private:
-  const std::string* _name(const Kelmar::Base::Ref::Careful& object);
-
-  Kelmar::Base::Ref::Careful* _first = nullptr;
-  std::size_t _numberOfObjects = 0;
+  std::array<InstanceShard, 64> _shards;
   std::map<const std::type_info*, std::string> _typeNames;
-  mutable boost::mutex _mutex;
+  mutable boost::mutex _typeNamesMutex;
+  // Types whose name is stored, each in a place by its address, so that most objects need not take
+  // the lock of the names.
+  std::array<std::atomic<const std::type_info*>, 256> _named{};
 };
 
 extern InstanceManager instanceManager;

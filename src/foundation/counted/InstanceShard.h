@@ -1,0 +1,90 @@
+#pragma once
+
+#include <boost/core/noncopyable.hpp>
+#include <boost/thread/mutex.hpp>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <unordered_map>
+
+namespace Kelmar::Base::Ref
+{
+class Careful;
+}
+
+namespace Helper
+{
+
+/// The counted objects alive in a share of the address space, and the lock of their counts.
+///
+/// A large tree has millions of counted objects, so that nothing of the record stands in the
+/// objects: two bits for each 16 bytes of memory say whether an object starts there and how far
+/// its life has gone. The lock is the caller's to take, before any other operation.
+class InstanceShard : private boost::noncopyable
+{
+public:
+  enum class State : unsigned char
+  {
+    None,    ///< no object starts there
+    Unnamed, ///< alive, and its type is not known yet
+    Named,   ///< alive, and the name of its type is stored
+    Doomed   ///< being deleted by its last reference
+  };
+  /// In the order of the addresses.
+  using States = std::map<const Kelmar::Base::Ref::Careful*, State>;
+
+  /// The share of the address space that an object lies in.
+  static std::size_t indexOf(const Kelmar::Base::Ref::Careful& object, std::size_t shards)
+  {
+    return (_addressOf(object) >> _chunkBits) % shards;
+  }
+
+  boost::mutex& mutex() const { return _mutex; }
+
+  /// The object is alive and unnamed.
+  /// \throws std::bad_alloc
+  void add(const Kelmar::Base::Ref::Careful& object);
+  /// \return the state until now
+  State remove(const Kelmar::Base::Ref::Careful& object);
+
+  /// The object must have been added.
+  State state(const Kelmar::Base::Ref::Careful& object);
+  void state(const Kelmar::Base::Ref::Careful& object, State state);
+
+  std::size_t numberOfObjects() const { return _numberOfObjects; }
+  /// Adds the state of each object.
+  void list(States& states) const;
+
+private:
+  // Objects are aligned to 16 bytes. A chunk is a mebibyte of the address space: large enough that
+  // the one in hand is mostly the one that is wanted, small enough for a single object.
+  static constexpr unsigned int _slotBits = 4;
+  static constexpr unsigned int _chunkBits = 20;
+  static constexpr std::size_t _slots = std::size_t(1) << (_chunkBits - _slotBits);
+
+  /// Two bits for each slot, four slots a byte.
+  struct Chunk
+  {
+    std::array<unsigned char, _slots / 4> states{};
+    std::size_t numberOfObjects = 0;
+  };
+
+  static std::uintptr_t _addressOf(const Kelmar::Base::Ref::Careful& object)
+  {
+    return reinterpret_cast<std::uintptr_t>(&object);
+  }
+
+  Chunk& _chunk(const Kelmar::Base::Ref::Careful& object);
+  static State _exchange(Chunk& chunk, std::uintptr_t address, State state);
+
+  std::unordered_map<std::uintptr_t, std::unique_ptr<Chunk>> _chunks;
+  std::uintptr_t _lastNumber = 0;
+  Chunk* _lastChunk = nullptr;
+  std::size_t _numberOfObjects = 0;
+  mutable boost::mutex _mutex;
+};
+
+} // namespace Helper
