@@ -21,29 +21,28 @@ constexpr float corners[8] = {0, 1, 1, 1, 1, 0, 0, 0};
 
 Text::Text(const Point2D<double>& position, const std::string& text,
            const boost::intrusive_ptr<Font>& font)
-    : _text(text), _font(font), _position(position)
+    : _position(position), _font(font), _text(text)
 {
-  if (_font)
-  {
-    _layOut();
-  }
+  _forEachQuad(
+      [this](const Quad& quad)
+      {
+        _minimum = {std::min(_minimum.x, quad.corners[0]), std::min(_minimum.y, quad.corners[1])};
+        _maximum = {std::max(_maximum.x, quad.corners[4]), std::max(_maximum.y, quad.corners[5])};
+      });
 }
 
-void Text::_layOut()
+template <class Action>
+void Text::_forEachQuad(Action action) const
 {
-  _glyphs.reserve(_text.size());
-  _vertices = std::make_unique<float[]>(8 * _text.size());
   float pen = 0.0f;
-  float* quad = _vertices.get();
   char previous = 0;
   for (const char c : _text)
   {
-    Glyph* glyph = _font->getGlyph(c);
+    Glyph* glyph = _font ? _font->getGlyph(c) : nullptr;
     if (!glyph)
     {
       continue;
     }
-    _glyphs.emplace_back(glyph);
     double bearingX = 0.0;
     double bearingY = 0.0;
     glyph->horizontalBearing(bearingX, bearingY);
@@ -51,8 +50,7 @@ void Text::_layOut()
     const float y0 = static_cast<float>(bearingY) * Detail::labelScale;
     const float x1 = x0 + static_cast<float>(glyph->width()) * Detail::labelScale;
     const float y1 = y0 + static_cast<float>(glyph->height()) * Detail::labelScale;
-    const float vertices[8] = {x0, y0, x1, y0, x1, y1, x0, y1};
-    quad = std::copy(std::begin(vertices), std::end(vertices), quad);
+    action(Quad{glyph, {x0, y0, x1, y0, x1, y1, x0, y1}});
 
     pen += static_cast<float>(glyph->horizontalAdvance()) * Detail::labelScale;
     // A pair's kerning is known once its second glyph stands, and moves the one after it.
@@ -63,10 +61,26 @@ void Text::_layOut()
       _font->getKerning(previous, c, kerningX, kerningY);
       pen += static_cast<float>(kerningX) * Detail::labelScale;
     }
-    _boundingBox.add(Point2D<double>{x0, y0});
-    _boundingBox.add(Point2D<double>{x1, y1});
     previous = c;
   }
+}
+
+std::vector<Text::Quad> Text::quads() const
+{
+  std::vector<Quad> all;
+  _forEachQuad([&all](const Quad& quad) { all.push_back(quad); });
+  return all;
+}
+
+Box2D Text::boundingBox() const
+{
+  Box2D box;
+  if (_minimum.x <= _maximum.x)
+  {
+    box.minimum = {_minimum.x, _minimum.y};
+    box.maximum = {_maximum.x, _maximum.y};
+  }
+  return box;
 }
 
 Kelmar::Math::Vector3d Text::anchorScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const
@@ -77,27 +91,29 @@ Kelmar::Math::Vector3d Text::anchorScreenSpace(const Kelmar::Math::Matrix44d& lo
 Box2D Text::getBoundingBoxScreenSpace(const Kelmar::Math::Matrix44d& localToScreen) const
 {
   const Kelmar::Math::Vector3d anchor = anchorScreenSpace(localToScreen);
-  Box2D box;
-  box.minimum = {anchor[0] + _boundingBox.minimum.x, anchor[1] + _boundingBox.minimum.y};
-  box.maximum = {anchor[0] + _boundingBox.maximum.x, anchor[1] + _boundingBox.maximum.y};
+  Box2D box = boundingBox();
+  box.minimum = {anchor[0] + box.minimum.x, anchor[1] + box.minimum.y};
+  box.maximum = {anchor[0] + box.maximum.x, anchor[1] + box.maximum.y};
   return box;
 }
 
 void Text::render(State& state) const
 {
   const Kelmar::Math::Vector3d anchor = anchorScreenSpace(state.getLocalToScreenMatrix());
-  const double centre = (_boundingBox.maximum.y + _boundingBox.minimum.y) * 0.5;
+  const Box2D box = boundingBox();
+  const double centre = (box.maximum.y + box.minimum.y) * 0.5;
 
   glPushMatrix();
   glTranslated(anchor[0], anchor[1] - centre, 0.0);
-  for (std::size_t i = 0; i < _glyphs.size(); ++i)
-  {
-    glVertexPointer(2, GL_FLOAT, 0, quad(i));
-    glColorPointer(4, GL_FLOAT, 0, Detail::white);
-    glTexCoordPointer(2, GL_FLOAT, 0, Detail::corners);
-    _glyphs[i]->apply();
-    glDrawArrays(GL_QUADS, 0, 4);
-  }
+  _forEachQuad(
+      [](const Quad& quad)
+      {
+        glVertexPointer(2, GL_FLOAT, 0, quad.corners.data());
+        glColorPointer(4, GL_FLOAT, 0, Detail::white);
+        glTexCoordPointer(2, GL_FLOAT, 0, Detail::corners);
+        quad.glyph->apply();
+        glDrawArrays(GL_QUADS, 0, 4);
+      });
   glPopMatrix();
 }
 

@@ -8,18 +8,30 @@
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
-#include <memory>
+#include <array>
+#include <limits>
 #include <string>
 #include <vector>
 
 namespace orvex::render::gl
 {
 
-/// One label: a textured quad for each character, laid out once. It has the same size on the screen
-/// at every zoom, starts at its anchor and is centred on it in height.
+/// One label: a textured quad for each character. It has the same size on the screen at every zoom,
+/// starts at its anchor and is centred on it in height.
+///
+/// A large tree has millions of labels, of which some fifty are seen at a time. So a label keeps
+/// its extent only, and its quads are laid out whenever they are drawn.
 class Text : public Drawable
 {
 public:
+  /// A character in its place.
+  struct Quad
+  {
+    Glyph* glyph;
+    /// Corner x and y from the anchor in pixels: counter-clockwise from the lower left.
+    std::array<float, 8> corners;
+  };
+
   /// \param position  the anchor in world units
   /// \param text  each byte is one character
   /// \param font  null for a label that draws nothing
@@ -38,21 +50,22 @@ public:
   const std::string& text() const { return _text; }
   const Point2D<double>& position() const { return _position; }
   /// The extent of all quads from the anchor, in pixels; empty without a font or characters.
-  const Box2D& boundingBox() const { return _boundingBox; }
-  std::size_t numberOfGlyphs() const { return _glyphs.size(); }
-  /// Corner x and y of quad \p i from the anchor in pixels: eight numbers, counter-clockwise from
-  /// the lower left.
-  const float* quad(std::size_t i) const { return &_vertices[8 * i]; }
+  Box2D boundingBox() const;
+  /// In the order of the characters; one that the font can't give has none.
+  std::vector<Quad> quads() const;
 
 private:
-  void _layOut();
+  template <class Action>
+  void _forEachQuad(Action action) const;
 
-  std::string _text;
-  boost::intrusive_ptr<Font> _font;
+  // What is read of every label when a level is thinned stands together.
   Point2D<double> _position;
-  Box2D _boundingBox;
-  std::vector<boost::intrusive_ptr<Glyph>> _glyphs;
-  std::unique_ptr<float[]> _vertices;
+  // The box's numbers are those of the quads, so that float loses nothing.
+  Point2D<float> _minimum{std::numeric_limits<float>::max(), std::numeric_limits<float>::max()};
+  Point2D<float> _maximum{std::numeric_limits<float>::lowest(),
+                          std::numeric_limits<float>::lowest()};
+  boost::intrusive_ptr<Font> _font;
+  std::string _text;
 };
 
 } // namespace orvex::render::gl
