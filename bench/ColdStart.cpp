@@ -16,6 +16,7 @@
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/view/Passes.h"
 #include "render/gl/view/ViewCladogram.h"
+#include "shell/base/LargePages.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 
@@ -164,11 +165,9 @@ nlohmann::json stages(const std::string& file)
   laps.lap("layout");
   const double before = peakMebibytes();
   auto builder = std::make_unique<SceneBuilder>(tree);
-  builder->buildScene(info);
+  builder->buildScene(std::move(info));
   laps.lap("scene");
   laps.result["scene MiB"] = peakMebibytes() - before;
-  info = nullptr;
-  laps.lap("let the layout go");
   const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
   camera->horizontalPixelsForText(builder->maximumTextLength() + 5);
   camera->updateZoomInformation(tree->getNumberOfLeafNodes(), 18,
@@ -224,6 +223,7 @@ nlohmann::json floor(const std::string& file, std::size_t mebibytes)
 
 int main(int argc, char** argv)
 {
+  Kelmar::System::preferLargePages(); // as the viewer does
   const QApplication application(argc, argv);
   const std::string mode = argc > 2 ? argv[1] : "";
   if (mode == "stages")

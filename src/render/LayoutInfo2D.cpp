@@ -1,5 +1,7 @@
 #include "render/LayoutInfo2D.h"
 
+#include <stdexcept>
+
 namespace orvex::render
 {
 
@@ -15,7 +17,8 @@ LayoutInfo2D::LayoutInfo2D(unsigned int numberOfNodes)
 NodeLayoutInfo& LayoutInfo2D::layoutInfoForNode(int node)
 {
   // A negative id becomes one beyond any vector.
-  return *_nodes.at(static_cast<std::size_t>(node));
+  NodeLayoutInfo* record = _nodes.at(static_cast<std::size_t>(node)).get();
+  return record ? *record : throw std::out_of_range("The record of this node was let go.");
 }
 
 } // namespace orvex::render

@@ -17,8 +17,11 @@ public:
   explicit LayoutInfo2D(unsigned int numberOfNodes);
 
   /// \return the node's record, owned by this object
-  /// \throws std::out_of_range  for an id that is no node
+  /// \throws std::out_of_range  for an id that is no node, or whose record was let go
   NodeLayoutInfo& layoutInfoForNode(int node);
+
+  /// Lets go the record of a node that is not asked for again.
+  void release(int node) { _nodes.at(static_cast<std::size_t>(node)) = nullptr; }
 
 private:
   std::vector<boost::intrusive_ptr<NodeLayoutInfo>> _nodes;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "render/gl/scene/Node.h"
+#include "render/gl/scene/NodeList.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
-#include <cstddef>
-#include <vector>
+#include <cstdint>
 
 namespace orvex::render::gl
 {
@@ -18,14 +18,14 @@ public:
 
   /// Appends the child; null is ignored.
   void addChild(boost::intrusive_ptr<Node> child);
-  void reserve(std::size_t numberOfChildren) { _children.reserve(numberOfChildren); }
-  const std::vector<boost::intrusive_ptr<Node>>& children() const { return _children; }
+  void reserve(std::uint32_t numberOfChildren) { _children.reserve(numberOfChildren); }
+  const NodeList& children() const { return _children; }
 
   /// Sends the visitor to every child, in order.
   void traverse(Visitor& visitor);
 
 private:
-  std::vector<boost::intrusive_ptr<Node>> _children;
+  NodeList _children;
 };
 
 } // namespace orvex::render::gl

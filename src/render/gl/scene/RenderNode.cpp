@@ -10,7 +10,8 @@ namespace orvex::render::gl
 {
 
 RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
-                       const boost::intrusive_ptr<LayoutInfo2D>& layout)
+                       const boost::intrusive_ptr<LayoutInfo2D>& layout,
+                       const boost::intrusive_ptr<Drawable>& noLines)
     : _nodeId(node)
 {
   if (!tree || !layout)
@@ -25,8 +26,22 @@ RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
     _lodFraction = 1.0 - info.depthToLeaf / static_cast<double>(root.depthToLeaf);
   }
   _boundingBox = info.boundingBox;
+  if (info.edges.empty() && _boundingBox.valid() && noLines)
+  {
+    _highLod = noLines;
+    return;
+  }
   _lowLod = new Triangle(info.position, _boundingBox);
   _highLod = new LineStrip(info.edges);
+}
+
+const boost::intrusive_ptr<Drawable>& RenderNode::lowLod() const
+{
+  if (!_lowLod && _boundingBox.valid())
+  {
+    _lowLod = new Triangle(_boundingBox.minimum, _boundingBox);
+  }
+  return _lowLod;
 }
 
 void RenderNode::accept(Visitor& visitor)

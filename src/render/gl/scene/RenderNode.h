@@ -25,20 +25,23 @@ class RenderNode : public Group
 public:
   /// Copies what it needs; keeps neither tree nor layout. Where one of them is null, the node has
   /// an empty box and no drawables.
+  /// \param noLines  what the leaves of a scene share as their highLod(); null for one of its own
   RenderNode(int node, const boost::shared_ptr<Tree>& tree,
-             const boost::intrusive_ptr<LayoutInfo2D>& layout);
+             const boost::intrusive_ptr<LayoutInfo2D>& layout,
+             const boost::intrusive_ptr<Drawable>& noLines = nullptr);
 
   void accept(Visitor& visitor) override;
 
   int nodeId() const { return _nodeId; }
-  const boost::intrusive_ptr<Drawable>& lowLod() const { return _lowLod; }
+  const boost::intrusive_ptr<Drawable>& lowLod() const;
   const boost::intrusive_ptr<Drawable>& highLod() const { return _highLod; }
   /// Relative depth, by height above the leaves: 0.0 at the root, 1.0 at a leaf.
   double lodFraction() const { return _lodFraction; }
 
 private:
   int _nodeId;
-  boost::intrusive_ptr<Drawable> _lowLod;
+  // A leaf's is a point that no frame shows. It is made when it is first asked for.
+  mutable boost::intrusive_ptr<Drawable> _lowLod;
   boost::intrusive_ptr<Drawable> _highLod;
   double _lodFraction = 1.0;
 };

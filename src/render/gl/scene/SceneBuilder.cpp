@@ -1,6 +1,7 @@
 #include "render/gl/scene/SceneBuilder.h"
 
 #include "render/LayoutInfo2D.h"
+#include "render/gl/draw/LineStrip.h"
 #include "render/gl/scene/RenderNode.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "tree/Tree.h"
@@ -18,14 +19,28 @@ namespace Detail
 // A label starts a little to the right of its branch's end, in world units.
 constexpr double labelGap = 0.001;
 
-boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const boost::shared_ptr<Tree>& tree,
-                                                 const boost::intrusive_ptr<LayoutInfo2D>& layout)
+/// What the recursion shares. One reference in place of four keeps its frames small.
+struct Lines
 {
-  boost::intrusive_ptr<RenderNode> result(new RenderNode(node, tree, layout));
-  result->reserve(tree->getNumChildren(node));
-  for (auto [child, end] = tree->getChildren(node); child != end; ++child)
+  const boost::shared_ptr<Tree>& tree;
+  const boost::intrusive_ptr<LayoutInfo2D>& layout;
+  boost::intrusive_ptr<Drawable> none{};
+  bool ownsLayout = false;
+};
+
+boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
+{
+  boost::intrusive_ptr<RenderNode> result(
+      new RenderNode(node, lines.tree, lines.layout, lines.none));
+  // Layout and scene need not stand side by side. The root's record is read for every node.
+  if (lines.ownsLayout && node != lines.tree->getRootNodeId())
   {
-    result->addChild(buildRenderNode(static_cast<int>(*child), tree, layout));
+    lines.layout->release(node);
+  }
+  result->reserve(lines.tree->getNumChildren(node));
+  for (auto [child, end] = lines.tree->getChildren(node); child != end; ++child)
+  {
+    result->addChild(buildRenderNode(static_cast<int>(*child), lines));
   }
   return result;
 }
@@ -66,7 +81,8 @@ void SceneBuilder::buildScene(boost::intrusive_ptr<LayoutInfo2D> layout)
   _maximumTextLength = Detail::widthInPixels(labels->boundingBox());
   const boost::intrusive_ptr<Group> root(new Group);
   root->addChild(labels);
-  root->addChild(Detail::buildRenderNode(_tree->getRootNodeId(), _tree, layout));
+  const Detail::Lines lines{_tree, layout, new LineStrip({}), layout->refCount() == 1};
+  root->addChild(Detail::buildRenderNode(_tree->getRootNodeId(), lines));
   _root = root;
 }
 

@@ -25,7 +25,8 @@ class SceneBuilder
 public:
   explicit SceneBuilder(boost::shared_ptr<Tree> tree);
 
-  /// Builds the scene; without a tree or layout does nothing. Needs no context.
+  /// Builds the scene; without a tree or layout does nothing. Needs no context. A layout that no
+  /// one else holds is let go record by record, so that it makes room for the scene.
   /// \throws std::runtime_error  if the font library can't start
   void buildScene(boost::intrusive_ptr<LayoutInfo2D> layout);
 
