@@ -1,14 +1,14 @@
 #pragma once
 
 #include "render/Point2D.h"
-#include "render/gl/draw/Text.h"
 #include "render/gl/font/Font.h"
+#include "render/gl/scene/LabelColumn.h"
 #include "render/gl/scene/Node.h"
 
-#include <boost/dynamic_bitset.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <cstddef>
+#include <deque>
 #include <map>
 #include <string>
 #include <vector>
@@ -23,23 +23,24 @@ class State;
 class RenderTaxonLabels : public Node
 {
 public:
-  using Texts = std::vector<boost::intrusive_ptr<Text>>;
+  using Texts = LabelColumn::Texts;
   /// Which labels are kept: a bit for each, in the order of texts(). A large tree has thousands of
   /// levels, and lists of its labels for all of them would outgrow the scene many times.
-  using Kept = boost::dynamic_bitset<>;
+  using Kept = LabelColumn::Kept;
 
   /// Loads the font. Without one all labels are empty.
-  RenderTaxonLabels();
+  /// \param mostBytes  of bits that are held for levels
+  explicit RenderTaxonLabels(std::size_t mostBytes = std::size_t(64) << 20);
 
   void accept(Visitor& visitor) override;
 
   /// \param position  the label's anchor in world units. Labels come in leaf order: y must fall.
   void addText(const Point2D<double>& position, const std::string& text);
-  void reserve(std::size_t count);
-  const Texts& texts() const { return _texts; }
+  void reserve(std::size_t count) { _column.reserve(count); }
+  const Texts& texts() const { return _column.texts(); }
 
-  /// The labels to show at a zoom level, owned by this node. Decided when the level is first met,
-  /// with the matrices of that moment, and kept.
+  /// The labels to show at a zoom level, owned by this node until it is asked for another level.
+  /// Decided when the level is first met, with the matrices of that moment, and for good.
   const Kept& getOrCreateTextForLevel(unsigned int level, const State& state);
 
   /// Appends the labels kept for a level whose box overlaps a range of window rows, or touches it,
@@ -47,12 +48,24 @@ public:
   void findTextForLevel(unsigned int level, const State& state, double minimumY, double maximumY,
                         std::vector<Text*>& found);
 
+  /// For how many levels bits are held at present. The bits of the others are found again, the
+  /// same, when they are needed.
+  std::size_t levelsHeld() const { return _held.size(); }
+
 private:
-  std::size_t _firstBelow(double screenY, const Kelmar::Math::Matrix44d& localToScreen) const;
+  struct Level
+  {
+    Kelmar::Math::Matrix44d localToScreen; // that of its first moment
+    Kept kept;                             // empty if not held
+  };
+
+  void _hold(unsigned int level, Level& found);
 
   boost::intrusive_ptr<Font> _font;
-  Texts _texts;
-  std::map<unsigned int, Kept> _textForLevel;
+  LabelColumn _column;
+  std::size_t _mostBytes;
+  std::map<unsigned int, Level> _levels;
+  std::deque<unsigned int> _held; // the oldest first
 };
 
 } // namespace orvex::render::gl

@@ -25,7 +25,8 @@ TEST(Label, LaysGlyphsAlongThePenAt15Pixels)
 
   const std::string name = "AVA gq";
   const boost::intrusive_ptr<Text> text(new Text({0.0, 0.0}, name, font));
-  ASSERT_EQ(text->numberOfGlyphs(), name.size());
+  const std::vector<Text::Quad> quads = text->quads();
+  ASSERT_EQ(quads.size(), name.size());
   double pen = 0.0;
   for (std::size_t i = 0; i < name.size(); ++i)
   {
@@ -37,7 +38,7 @@ TEST(Label, LaysGlyphsAlongThePenAt15Pixels)
     y0 *= scale;
     const double x1 = x0 + glyph.width() * scale;
     const double y1 = y0 + glyph.height() * scale;
-    EXPECT_THAT(std::vector<double>(text->quad(i), text->quad(i) + 8),
+    EXPECT_THAT(quads[i].corners,
                 testing::Pointwise(testing::DoubleNear(1e-4), {x0, y0, x1, y0, x1, y1, x0, y1}));
     if (i > 0)
     {
@@ -45,9 +46,9 @@ TEST(Label, LaysGlyphsAlongThePenAt15Pixels)
     }
     pen += (glyph.horizontalAdvance() + kerning) * scale;
   }
-  EXPECT_LT(text->quad(1)[0], text->quad(0)[2]) << "A and V kern, so that they overlap";
-  EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().minimum.x), text->quad(0)[0]);
-  EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().maximum.x), text->quad(5)[4]);
+  EXPECT_LT(quads[1].corners[0], quads[0].corners[2]) << "A and V kern, so that they overlap";
+  EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().minimum.x), quads[0].corners[0]);
+  EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().maximum.x), quads[5].corners[4]);
   const boost::intrusive_ptr<Text> bare(new Text({0.5, 0.5}, "name", nullptr));
   EXPECT_FALSE(bare->getBoundingBoxScreenSpace(Kelmar::Math::Matrix44d()).valid());
 }
@@ -57,7 +58,8 @@ using Rows = std::vector<std::pair<double, std::string>>;
 /// Labels in a column. One unit is one pixel in an area of size 2.
 struct Column
 {
-  explicit Column(const Rows& rows)
+  explicit Column(const Rows& rows, std::size_t mostBytes = 1000)
+      : labels(new RenderTaxonLabels(mostBytes))
   {
     for (const auto& [row, name] : rows)
     {
@@ -65,7 +67,7 @@ struct Column
     }
     state->viewport({0, 0, 2, 2});
   }
-  boost::intrusive_ptr<RenderTaxonLabels> labels{new RenderTaxonLabels};
+  boost::intrusive_ptr<RenderTaxonLabels> labels;
   boost::intrusive_ptr<State> state{new State};
 };
 
@@ -83,6 +85,41 @@ TEST(Label, ThinningComparesWithTheLastLabelKept)
       std::string kept; // the last label first
       to_string(column.labels->getOrCreateTextForLevel(3, *column.state), kept);
       EXPECT_EQ(kept, expected) << second << " " << third;
+    }
+  }
+}
+
+// Leaving out comparisons, and finding bits again that were let go, against the walk over all.
+TEST(Label, ThinsAsTheWalkOverAllDoes)
+{
+  std::mt19937 random(7);
+  const std::vector<std::string> names{"TEA", "gjq", "ace", "_", "'", ""};
+  for (std::size_t round = 0; round < 96; ++round)
+  {
+    SCOPED_TRACE(round);
+    const double gap = 24.0 / double(1 << round % 8);
+    Rows rows;
+    for (double row = 3000.0; rows.size() < 400;
+         row -= round % 3 ? gap : gap * double(random() % 3))
+    {
+      rows.emplace_back(row, names[random() % (1 + round / 16)]);
+    }
+    Column column(rows, 0); // holds the latest level only
+    const Kelmar::Math::Matrix44d matrix = column.state->getLocalToScreenMatrix();
+    RenderTaxonLabels::Kept expected;
+    Box2D last;
+    for (const auto& text : column.labels->texts())
+    {
+      const Box2D box = text->getBoundingBoxScreenSpace(matrix);
+      expected.push_back(expected.empty() || !box.intersects(last));
+      last = expected[expected.size() - 1] ? box : last;
+    }
+    for (const unsigned int level : {1u, 2u, 1u})
+    {
+      const auto& kept = column.labels->getOrCreateTextForLevel(level, *column.state);
+      EXPECT_TRUE(level == 2 || kept == expected) << kept.count() << " " << expected.count();
+      EXPECT_EQ(column.labels->levelsHeld(), 1u);
+      column.state->viewport({0, 0, 20, 20});
     }
   }
 }
