@@ -4,6 +4,7 @@
 #include "tree/Reader.h"
 #include "tree/Tree.h"
 #include "tree/TreeDepth.h"
+#include "tree/TreeMemory.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 #include <boost/filesystem/convenience.hpp>
@@ -25,6 +26,7 @@ void Document::read(const std::string& filename)
   if (tree)
   {
     requireShallow(*tree);
+    requireMemory(tree->getNumberOfNodes());
   }
   _tree = tree;
 }

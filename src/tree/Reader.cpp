@@ -3,6 +3,7 @@
 #include "compat/json_spirit.h"
 #include "tree/Tree.h"
 #include "tree/TreeDepth.h"
+#include "tree/TreeMemory.h"
 #include "tree/TreeService.h"
 
 #include <algorithm>
@@ -119,6 +120,7 @@ boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url
   requireShallow(Detail::depthBelow(*root));
   const int rootId = createNode(*root, tree);
   tree->setRootNodeId(rootId);
+  requireMemory(tree->getNumberOfNodes());
   return tree;
 }
 

@@ -2,6 +2,7 @@
 
 #include "support/Outcome.h"
 #include "tree/Tree.h"
+#include "tree/TreeMemory.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
@@ -31,6 +32,16 @@ TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
     EXPECT_EQ(document->getTree(), nullptr) << "a file without a tree is no failure";
     EXPECT_EQ(first.use_count(), 1);
   }
+}
+
+TEST(Document, IsRefusedWhereTheMachineCantHoldIt)
+{
+  EXPECT_EQ(errorOf([] { orvex::requireMemory(19'999'999, std::size_t(3) << 29); }),
+            "To show the tree's 19999999 nodes takes 6.0 GiB of memory. 1.5 GiB are free.");
+  orvex::requireMemory(19'999'999, std::size_t(1) << 40);
+  orvex::requireMemory(0, 0);
+  EXPECT_GT(orvex::availableMemory(), std::size_t(1) << 26) << "this machine runs the tests";
+  EXPECT_LT(orvex::availableMemory(), std::size_t(1) << 50);
 }
 
 } // namespace
