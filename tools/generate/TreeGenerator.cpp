@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <ostream>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -11,6 +13,8 @@ namespace Detail
 {
 
 constexpr unsigned int mostChildren = 50;
+// Text goes out in pieces of this many bytes.
+constexpr std::size_t blockSize = 65536;
 
 constexpr std::array<const char*, 32> syllables{
     "ba",  "cor", "del", "fi",  "gal", "ho",  "lix", "ma",  "nor", "pe", "ra",
@@ -48,11 +52,18 @@ TreeShape shapeFromName(const std::string& name)
 
 std::string TreeGenerator::newick(TreeShape shape, unsigned int leaves, bool withLengths)
 {
+  std::ostringstream out;
+  write(out, shape, leaves, withLengths);
+  return out.str();
+}
+
+void TreeGenerator::write(std::ostream& out, TreeShape shape, unsigned int leaves, bool withLengths)
+{
   if (leaves == 0 || leaves > mostLeaves)
   {
     throw std::invalid_argument("a tree has from 1 to " + std::to_string(mostLeaves) + " leaves");
   }
-  return _write(_grow(shape, leaves), leaves, withLengths);
+  _write(out, _grow(shape, leaves), withLengths);
 }
 
 std::vector<TreeGenerator::Node> TreeGenerator::_grow(TreeShape shape, unsigned int leaves)
@@ -119,14 +130,12 @@ unsigned int TreeGenerator::_chooseChildren(TreeShape shape, unsigned int most)
   return std::min(2u, most);
 }
 
-std::string TreeGenerator::_write(const std::vector<Node>& nodes, unsigned int leaves,
-                                  bool withLengths)
+void TreeGenerator::_write(std::ostream& out, const std::vector<Node>& nodes, bool withLengths)
 {
   std::string text;
-  text.reserve(std::size_t(leaves) * (withLengths ? 34 : 18));
   // A node and which of its children comes next.
   std::vector<std::pair<unsigned int, unsigned int>> open{{0, 0}};
-  while (!open.empty())
+  while (!open.empty() && out)
   {
     auto& [id, next] = open.back();
     const Node& node = nodes[id];
@@ -137,21 +146,19 @@ std::string TreeGenerator::_write(const std::vector<Node>& nodes, unsigned int l
       continue;
     }
     open.pop_back();
-    if (node.numberOfChildren == 0)
-    {
-      _writeName(text);
-    }
-    else
-    {
-      text += ')';
-    }
+    node.numberOfChildren == 0 ? _writeName(text) : text.push_back(')');
     if (withLengths && !open.empty())
     {
       text += ":0.";
       Detail::appendDigits(text, 1 + _below(99'999), 5);
     }
+    if (text.size() > Detail::blockSize)
+    {
+      out << text;
+      text.clear();
+    }
   }
-  return text + ';';
+  out << text << ';';
 }
 
 void TreeGenerator::_writeName(std::string& text)

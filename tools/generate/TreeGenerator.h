@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <random>
 #include <string>
 #include <vector>
@@ -34,6 +35,9 @@ public:
   /// \param withLengths  whether every node but the root gets a branch length
   /// \throws std::invalid_argument  for no leaves, or more than mostLeaves
   std::string newick(TreeShape shape, unsigned int leaves, bool withLengths = false);
+  /// The same, piece by piece, so that the text is never in memory as a whole. Stops where the
+  /// stream fails.
+  void write(std::ostream& out, TreeShape shape, unsigned int leaves, bool withLengths);
 
 private:
   /// The children of a node are numbered one after the other.
@@ -48,7 +52,7 @@ private:
   unsigned int _chooseLeaf(TreeShape shape, unsigned int count);
   /// \return into how many it divides
   unsigned int _chooseChildren(TreeShape shape, unsigned int most);
-  std::string _write(const std::vector<Node>& nodes, unsigned int leaves, bool withLengths);
+  void _write(std::ostream& out, const std::vector<Node>& nodes, bool withLengths);
   void _writeName(std::string& text);
   /// Below \p limit. The distributions of the standard library differ from one to the next.
   unsigned int _below(unsigned int limit) { return static_cast<unsigned int>(_random() % limit); }

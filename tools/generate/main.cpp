@@ -66,10 +66,9 @@ Request parse(const std::vector<std::string>& arguments)
 void generate(const Request& request)
 {
   orvex::tools::TreeGenerator generator(request.seed);
-  std::cout << generator.newick(orvex::tools::shapeFromName(request.words[0]),
-                                toNumber(request.words[1]), request.lengths)
-            << '\n'
-            << std::flush;
+  generator.write(std::cout, orvex::tools::shapeFromName(request.words[0]),
+                  toNumber(request.words[1]), request.lengths);
+  std::cout << '\n' << std::flush;
   if (!std::cout)
   {
     throw std::runtime_error("the tree could not be written");
