@@ -1,5 +1,6 @@
 #include "shell/Program.h"
 #include "shell/base/ExceptionHandler.h"
+#include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
 
 #include <cstdlib>
@@ -8,6 +9,7 @@
 int main(int argc, char** argv)
 {
   using Kelmar::Functions::Helper::exceptionHandler;
+  Kelmar::System::preferLargePages();
   Kelmar::System::raiseStackLimit();
   std::ofstream failure("exception.txt", std::ios::out | std::ios::trunc);
   try

@@ -6,6 +6,7 @@
 #include "render/CameraCladogram.h"
 #include "render/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
+#include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
 #include "tree/Document.h"
 
@@ -192,6 +193,7 @@ void run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+  Kelmar::System::preferLargePages();
   Kelmar::System::raiseStackLimit();
   qInstallMessageHandler(handleMessage);
   try
