@@ -3,15 +3,17 @@
 #include "tree/BadBranchLength.h"
 #include "tree/Tree.h"
 
-#include <boost/algorithm/string/find.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <boost/lexical_cast.hpp>
 #include <boost/make_shared.hpp>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <fstream>
 #include <new>
 #include <stdexcept>
+#include <string_view>
 
 namespace orvex
 {
@@ -21,10 +23,12 @@ namespace Detail
 // The number that boost::lexical_cast gives, without the stream that it builds for each. The plain
 // forms are those on which the two agree; all else, errors included, is left to lexical_cast.
 // False if the text is no number.
-bool toDistance(const std::string& text, double& value)
+bool toDistance(std::string_view text, double& value)
 {
+  const auto isPlain = [](char c)
+  { return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == 'e' || c == 'E'; };
   const char* end = text.data() + text.size();
-  if (text.find_first_not_of("0123456789.-eE") == std::string::npos)
+  if (std::all_of(text.data(), end, isPlain))
   {
     const auto [stop, error] = std::from_chars(text.data(), end, value);
     if (error == std::errc() && stop == end)
@@ -32,7 +36,12 @@ bool toDistance(const std::string& text, double& value)
       return true;
     }
   }
-  return boost::conversion::try_lexical_convert(text, value);
+  return boost::conversion::try_lexical_convert(std::string(text), value);
+}
+
+bool isStructural(char c)
+{
+  return c == '(' || c == ')' || c == ',';
 }
 
 // The number of nodes that the steps below make of a text: one for each "(", and one for each ","
@@ -43,7 +52,7 @@ std::size_t countNodes(const std::string& contents)
   bool childClosed = false;
   for (const char c : contents)
   {
-    if (c == '(' || c == ',' || c == ')')
+    if (isStructural(c))
     {
       nodes += c == '(' || !childClosed ? 1 : 0;
       childClosed = c == ')';
@@ -64,10 +73,17 @@ std::string readLines(const std::string& filename)
   }
   // A stream keeps to itself what went wrong, unless it is asked to throw.
   in.exceptions(std::ios_base::badbit);
-  std::string line;
-  while (std::getline(in, line, '\n'))
+  // By pieces and not by lines: a tree is mostly one line, which would be in memory twice.
+  std::array<char, 65536> piece;
+  while (in.read(piece.data(), piece.size()) || in.gcount() > 0)
   {
-    contents += line;
+    const char* end = piece.data() + in.gcount();
+    for (const char* line = piece.data(); line < end;)
+    {
+      const char* lineEnd = std::find(line, end, '\n');
+      contents.append(line, lineEnd);
+      line = lineEnd + 1;
+    }
   }
   return contents;
 }
@@ -145,7 +161,13 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
   {
     for (; position < contents.size(); ++position)
     {
-      _onByte(contents[position]);
+      const std::size_t text = position;
+      while (position < contents.size() && !Detail::isStructural(contents[position]))
+      {
+        ++position;
+      }
+      _token.append(contents, text, position - text);
+      _onStructure(position < contents.size() ? contents[position] : '\0');
     }
   }
   catch (BadBranchLength& e)
@@ -157,7 +179,7 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
   return _tree;
 }
 
-void NewickReader::_onByte(char c)
+void NewickReader::_onStructure(char c)
 {
   switch (c)
   {
@@ -170,14 +192,9 @@ void NewickReader::_onByte(char c)
   case ',':
     _onComma();
     break;
-  default:
-    _onCharacter(c);
+  default: // the end of the text
+    break;
   }
-}
-
-void NewickReader::_onCharacter(char c)
-{
-  _token.push_back(c);
 }
 
 void NewickReader::_onOpenParentheses()
@@ -245,18 +262,17 @@ void NewickReader::_finishItem()
 
 void NewickReader::_parseAnnotation(int id)
 {
-  const std::string token(_token.begin(), _token.end());
-  const auto colon = boost::algorithm::find_first(token, ":");
-  if (colon.empty())
+  const std::size_t colon = _token.find(':');
+  if (colon == std::string::npos)
   {
-    _tree->setName(id, token);
+    _tree->setName(id, _token);
     return;
   }
-  _tree->setName(id, std::string(token.begin(), colon.begin()));
+  _tree->setName(id, _token.substr(0, colon));
   double distance = 0.0;
-  if (!Detail::toDistance(std::string(colon.end(), token.end()), distance))
+  if (!Detail::toDistance(std::string_view(_token).substr(colon + 1), distance))
   {
-    throw BadBranchLength(token);
+    throw BadBranchLength(_token);
   }
   _tree->setDistanceToParent(id, distance);
 }

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <stack>
 #include <string>
-#include <vector>
 
 namespace orvex
 {
@@ -37,8 +36,7 @@ public:
   boost::shared_ptr<Tree> parseContents(const std::string& contents);
 
 private:
-  void _onByte(char c);
-  void _onCharacter(char c);
+  void _onStructure(char c);
   void _onOpenParentheses();
   void _onComma();
   void _onCloseParentheses();
@@ -47,7 +45,7 @@ private:
 
   boost::shared_ptr<Tree> _tree;
   std::stack<int> _nodeStack;
-  std::vector<char> _token;
+  std::string _token;
   std::size_t _expectedNodes = 0;
   int _depth = 0;
   // The last structural character was a ")": the token in hand labels the node just closed.
