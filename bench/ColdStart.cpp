@@ -2,7 +2,8 @@
 // cold-start.py runs it again and again. Prints one JSON object. Times are CPU milliseconds of our
 // own thread; the pixels of the sweep's frames are discarded before a software renderer fills them.
 //
-//   cold-start stages FILE   each step by itself, then a sweep over all zoom levels, then closing
+//   cold-start stages FILE [MOST]   each step by itself, then a sweep over all zoom levels, or over
+//                                   so many of them at even distances, then closing
 //   cold-start whole FILE    file to first frame as the viewer does it, thumbnail included
 //   cold-start floor FILE MIB   read the file, count its structural characters, touch that memory
 
@@ -116,9 +117,9 @@ void zoomTo(CameraCladogram& camera, unsigned int level)
   camera.zoomByAmount(camera.maximumZoom() * (level + 0.5) / camera.numberOfZoomLevels() - 1.0);
 }
 
-/// The worst frame over all levels, at four places of the tree, and what a frame takes that meets
-/// its level first: half of them, and at worst.
-void sweep(Group& root, CameraCladogram& camera, nlohmann::json& result)
+/// The worst frame over all levels, or over \p most of them, at four places of the tree, and what a
+/// frame takes that meets its level first: half of them, and at worst.
+void sweep(Group& root, CameraCladogram& camera, unsigned int most, nlohmann::json& result)
 {
   const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
   const unsigned int levels = camera.numberOfZoomLevels();
@@ -136,9 +137,10 @@ void sweep(Group& root, CameraCladogram& camera, nlohmann::json& result)
   }
   double worst = 0.0;
   std::vector<double> first;
-  for (unsigned int level = 0; level <= levels; ++level)
+  const unsigned int count = std::min(levels, most);
+  for (unsigned int i = 0; i <= count && most > 0; ++i)
   {
-    zoomTo(camera, level);
+    zoomTo(camera, static_cast<unsigned int>(std::uint64_t(levels) * i / count));
     first.push_back(frame(root, camera, settings));
     for (const double pan : places)
     {
@@ -147,6 +149,7 @@ void sweep(Group& root, CameraCladogram& camera, nlohmann::json& result)
     }
   }
   glDisable(GL_RASTERIZER_DISCARD);
+  first.resize(std::max(first.size(), std::size_t(1)));
   std::sort(first.begin(), first.end());
   result["worst frame of a sweep"] = worst;
   result["first frame of a level"] = first[first.size() / 2];
@@ -154,7 +157,7 @@ void sweep(Group& root, CameraCladogram& camera, nlohmann::json& result)
   result["zoom levels"] = levels;
 }
 
-nlohmann::json stages(const std::string& file)
+nlohmann::json stages(const std::string& file, unsigned int mostLevels)
 {
   const auto window = makeWindow();
   Laps laps;
@@ -175,7 +178,7 @@ nlohmann::json stages(const std::string& file)
   boost::intrusive_ptr<Group> root = builder->root();
   builder = nullptr;
   laps.result["peak MiB before the sweep"] = peakMebibytes();
-  sweep(*root, *camera, laps.result);
+  sweep(*root, *camera, mostLevels, laps.result);
   laps.lap("sweep");
   root = nullptr;
   tree = nullptr;
@@ -228,7 +231,8 @@ int main(int argc, char** argv)
   const std::string mode = argc > 2 ? argv[1] : "";
   if (mode == "stages")
   {
-    std::cout << stages(argv[2]) << "\n";
+    std::cout << stages(argv[2], argc > 3 ? static_cast<unsigned int>(std::stoul(argv[3])) : 3000)
+              << "\n";
   }
   else if (mode == "whole")
   {
@@ -240,7 +244,7 @@ int main(int argc, char** argv)
   }
   else
   {
-    std::cerr << "usage: cold-start stages|whole|floor FILE [MIB]\n";
+    std::cerr << "usage: cold-start stages|whole|floor FILE [MOST LEVELS|MIB]\n";
     return 1;
   }
   return 0;
