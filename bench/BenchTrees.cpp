@@ -10,6 +10,8 @@ namespace orvex::bench
 {
 namespace Detail
 {
+namespace
+{
 
 constexpr unsigned int seed = 20261;
 
@@ -43,6 +45,7 @@ void range(benchmark::internal::Benchmark* benchmark, int most)
       ->Complexity(benchmark::oN);
 }
 
+} // namespace
 } // namespace Detail
 
 const std::string& newick(TreeShape shape, unsigned int leaves)

@@ -9,6 +9,8 @@ namespace orvex::bench
 {
 namespace Detail
 {
+namespace
+{
 
 /// \param field  a line of /proc/self/status that gives kibibytes
 std::size_t statusBytes(const std::string& field)
@@ -31,6 +33,7 @@ std::size_t difference(std::size_t later, std::size_t earlier)
   return later > earlier ? later - earlier : 0;
 }
 
+} // namespace
 } // namespace Detail
 
 MemoryMeter::MemoryMeter()

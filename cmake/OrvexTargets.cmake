@@ -6,7 +6,8 @@ option(ORVEX_FUZZ "Build for the fuzzers of fuzz/, with clang and its sanitizers
 
 add_library(orvex_flags INTERFACE)
 target_compile_options(orvex_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wmissing-declarations
+  $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
 # libstdc++ and Boost allocate in inline functions that the compiler sees through too well.
 target_compile_options(orvex_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 

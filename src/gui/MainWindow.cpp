@@ -30,11 +30,14 @@ namespace Lumbra
 {
 namespace Detail
 {
+namespace
+{
 
 using Kelmar::Functions::Helper::exceptionHandler;
 
 const char* const GEOMETRY = "main_window_geometry";
 
+} // namespace
 } // namespace Detail
 
 MainWindow::MainWindow() : _ui(new Ui_MainWindow)

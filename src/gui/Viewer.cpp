@@ -20,6 +20,8 @@ namespace Lumbra
 {
 namespace Detail
 {
+namespace
+{
 
 using orvex::render::MouseEvent;
 
@@ -62,6 +64,7 @@ MouseEvent toMouseEvent(const QMouseEvent& event, const QSize& size)
   return result;
 }
 
+} // namespace
 } // namespace Detail
 
 Viewer::Viewer(QWidget* parent) : QGLWidget(Detail::multisampled(), parent)

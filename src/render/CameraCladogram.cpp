@@ -9,6 +9,8 @@ namespace orvex::render
 {
 namespace Detail
 {
+namespace
+{
 
 constexpr unsigned int verticalMargins = 16;
 constexpr unsigned int leastPixelsForText = 150;
@@ -35,6 +37,7 @@ unsigned int levelsForZoom(double maximumZoom)
   return std::max(1u, static_cast<unsigned int>(maximumZoom / 10.0));
 }
 
+} // namespace
 } // namespace Detail
 
 void CameraCladogram::pan(double, double y)

@@ -9,6 +9,8 @@ namespace orvex::render
 {
 namespace Detail
 {
+namespace
+{
 
 /// An elbow: along the parent's column to the child's height, then across to the child.
 class CladogramEdge : public Edge2D
@@ -97,6 +99,7 @@ void layoutChildren(int node, LayoutInfo& info, unsigned int depth)
   placeParent(node, record, info);
 }
 
+} // namespace
 } // namespace Detail
 
 boost::intrusive_ptr<LayoutInfo2D> LayoutCladogram::layout(boost::shared_ptr<Tree> tree)

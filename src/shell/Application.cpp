@@ -9,12 +9,15 @@ namespace Brevan
 {
 namespace Detail
 {
+namespace
+{
 
 void showError(const char* message)
 {
   Tools::Qt::showErrorBox(QApplication::activeWindow(), "Error detected.", message);
 }
 
+} // namespace
 } // namespace Detail
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}

@@ -15,6 +15,8 @@ namespace Brevan
 {
 namespace Detail
 {
+namespace
+{
 
 void identify(const std::string& organisation, const std::string& domain, const std::string& name)
 {
@@ -25,6 +27,7 @@ void identify(const std::string& organisation, const std::string& domain, const 
   QCoreApplication::setApplicationVersion(ORVEX_VERSION);
 }
 
+} // namespace
 } // namespace Detail
 
 int Program::run(int argc, char** argv)

@@ -9,6 +9,8 @@ namespace Helper
 {
 namespace Detail
 {
+namespace
+{
 
 /// \return null for a level that is not written
 const char* prefix(QtMsgType type)
@@ -52,6 +54,7 @@ void handle(QtMsgType type, const QMessageLogContext&, const QString& message)
   }
 }
 
+} // namespace
 } // namespace Detail
 
 void qtOutput(QtMsgType type, const char* message)

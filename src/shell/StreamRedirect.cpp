@@ -6,6 +6,8 @@ namespace Brevan
 {
 namespace Detail
 {
+namespace
+{
 
 void restore(std::ostream& stream, std::streambuf* buffer) noexcept
 {
@@ -23,6 +25,7 @@ void restore(std::ostream& stream, std::streambuf* buffer) noexcept
   }
 }
 
+} // namespace
 } // namespace Detail
 
 StreamRedirect::StreamRedirect(const std::string& path)

@@ -19,6 +19,8 @@ namespace orvex
 {
 namespace Detail
 {
+namespace
+{
 
 // The number that boost::lexical_cast gives, without the stream that it builds for each. The plain
 // forms are those on which the two agree; all else, errors included, is left to lexical_cast.
@@ -131,6 +133,7 @@ void placeInFile(BadBranchLength& error, const std::string& filename)
   error.place(error.offset(), number, error.offset() - before + 1);
 }
 
+} // namespace
 } // namespace Detail
 
 boost::shared_ptr<Tree> NewickReader::operator()(const std::string& filename)

@@ -15,6 +15,8 @@
 
 namespace orvex::Detail
 {
+namespace
+{
 
 using Value = json_spirit::Value_impl<json_spirit::Config_map<std::string>>;
 
@@ -77,6 +79,7 @@ const Value::Array& getChildren(const Value& node, int id)
   return children->get_array();
 }
 
+} // namespace
 } // namespace orvex::Detail
 
 // Recurses once for each level of the tree; the depth is checked before.

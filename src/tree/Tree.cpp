@@ -8,6 +8,8 @@ namespace orvex
 {
 namespace Detail
 {
+namespace
+{
 
 void findLeafNodes(const Tree& tree, int id, std::vector<int>& leaves)
 {
@@ -52,6 +54,7 @@ void requireIds(std::size_t numberOfNodes)
   }
 }
 
+} // namespace
 } // namespace Detail
 
 void Tree::reserve(std::size_t numberOfNodes)

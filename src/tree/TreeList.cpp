@@ -11,6 +11,8 @@ namespace orvex
 {
 namespace Detail
 {
+namespace
+{
 
 using Value = json_spirit::Value_impl<json_spirit::Config_vector<std::string>>;
 
@@ -31,6 +33,7 @@ boost::shared_ptr<TreeData> makeRow(const Value::Object& entry)
   return row;
 }
 
+} // namespace
 } // namespace Detail
 
 void downloadTreeListFrom(const std::string& service,

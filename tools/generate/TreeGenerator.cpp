@@ -11,6 +11,8 @@ namespace orvex::tools
 {
 namespace Detail
 {
+namespace
+{
 
 constexpr unsigned int mostChildren = 50;
 // Text goes out in pieces of this many bytes.
@@ -30,6 +32,7 @@ void appendDigits(std::string& text, unsigned int value, unsigned int digits)
   }
 }
 
+} // namespace
 } // namespace Detail
 
 TreeShape shapeFromName(const std::string& name)

@@ -15,6 +15,8 @@ namespace orvex::service
 {
 namespace Detail
 {
+namespace
+{
 
 bool isNewick(const boost::filesystem::path& file)
 {
@@ -36,6 +38,7 @@ std::vector<boost::filesystem::path> newickFiles(const boost::filesystem::path& 
   return files;
 }
 
+} // namespace
 } // namespace Detail
 
 TreeFolder::TreeFolder(const std::string& folder, std::ostream& warnings)

@@ -14,6 +14,8 @@ namespace Kelmar::Base::Ref
 {
 namespace Detail
 {
+namespace
+{
 
 using Lock = boost::lock_guard<boost::mutex>;
 
@@ -44,6 +46,7 @@ void report(const Pieces&... pieces) noexcept
   }
 }
 
+} // namespace
 } // namespace Detail
 
 using State = ::Helper::InstanceShard::State;

@@ -13,6 +13,8 @@ namespace Helper
 {
 namespace Detail
 {
+namespace
+{
 
 using Lock = boost::lock_guard<boost::mutex>;
 
@@ -25,6 +27,7 @@ void print(const std::string& text)
   }
 }
 
+} // namespace
 } // namespace Detail
 
 InstanceManager instanceManager;

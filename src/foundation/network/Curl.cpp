@@ -10,10 +10,13 @@ namespace Kelmar::Network
 {
 namespace Detail
 {
+namespace
+{
 
 // Twice libcurl's CURL_ERROR_SIZE.
 constexpr std::size_t errorSize = 512;
 
+} // namespace
 } // namespace Detail
 
 Curl::Curl(const std::string& url, std::ostream* output, unsigned int timeoutMilliseconds,

@@ -16,6 +16,8 @@ namespace Tools::Qt
 {
 namespace Detail
 {
+namespace
+{
 
 using Kelmar::Functions::Helper::exceptionHandler;
 
@@ -28,6 +30,7 @@ QString key(const char* value, const std::string& title)
   return QStringList({FILE_DIALOG, value, text(title)}).join('.').replace(' ', '_');
 }
 
+} // namespace
 } // namespace Detail
 
 template <class Ask>

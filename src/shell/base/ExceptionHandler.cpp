@@ -7,6 +7,8 @@ namespace Kelmar::Functions::Helper
 {
 namespace Detail
 {
+namespace
+{
 
 void write(const char* id, const char* text, std::ostream& out)
 {
@@ -15,6 +17,7 @@ void write(const char* id, const char* text, std::ostream& out)
   out << line.str() << std::flush;
 }
 
+} // namespace
 } // namespace Detail
 
 void exceptionHandler(const char* id, std::ostream& out)

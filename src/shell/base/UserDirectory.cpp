@@ -8,6 +8,8 @@ namespace Kelmar::User
 {
 namespace Detail
 {
+namespace
+{
 
 std::string home(const char* failure)
 {
@@ -23,6 +25,7 @@ std::string home(const char* failure)
   return dir;
 }
 
+} // namespace
 } // namespace Detail
 
 std::string Directory::documents()

@@ -6,6 +6,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 /// Saves the pixel store modes of the current context and restores them at the end of the scope.
 class PixelStoreGuard : private boost::noncopyable
@@ -15,6 +17,7 @@ public:
   ~PixelStoreGuard() { glPopClientAttrib(); }
 };
 
+} // namespace
 } // namespace Detail
 
 void setTextureParameters()

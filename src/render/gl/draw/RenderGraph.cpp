@@ -10,6 +10,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 /// The vertex and colour arrays, for a scope.
 class LineArrays : private boost::noncopyable
@@ -103,6 +105,7 @@ void renderLines(const RenderGraph::Drawables& lines, State& state)
   renderAll(lines, state);
 }
 
+} // namespace
 } // namespace Detail
 
 void RenderGraph::_add(Drawables& list, const boost::intrusive_ptr<Drawable>& drawable)

@@ -9,6 +9,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 // From the font's 32 pixels to an em of 15.
 constexpr float labelScale = 0.46875f;
@@ -17,6 +19,7 @@ constexpr float white[16] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
 // The bitmap's first row is the top of the glyph.
 constexpr float corners[8] = {0, 1, 1, 1, 1, 0, 0, 0};
 
+} // namespace
 } // namespace Detail
 
 Text::Text(const Point2D<double>& position, const std::string& text,

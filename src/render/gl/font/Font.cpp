@@ -10,6 +10,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 constexpr FT_UInt pixelSize = 32;
 
@@ -34,6 +36,7 @@ void copyBitmap(const FT_Bitmap& bitmap, Glyph& glyph)
   }
 }
 
+} // namespace
 } // namespace Detail
 
 Font::Font(FT_Face face) : _face(face), _kernings(std::size_t(256) * 256)

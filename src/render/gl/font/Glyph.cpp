@@ -6,9 +6,12 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 constexpr GLuint noTexture = 0xFFFFFFFF;
 
+} // namespace
 } // namespace Detail
 
 Glyph::Glyph(unsigned int width, unsigned int height)

@@ -11,12 +11,15 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 // The last tenth of depth never gets a proxy.
 constexpr double greatestProxyFraction = 0.9;
 // A clade that fills this share of the viewport's height is always opened.
 constexpr double leastOpenShare = 0.25;
 
+} // namespace
 } // namespace Detail
 
 CullVisitor::CullVisitor(State* state, unsigned int zoomLevel, unsigned int numberOfZoomLevels,

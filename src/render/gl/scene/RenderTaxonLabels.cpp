@@ -9,6 +9,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 boost::intrusive_ptr<Font> loadFont()
 {
@@ -17,6 +19,7 @@ boost::intrusive_ptr<Font> loadFont()
   return font ? font : library->createFont(systemFontFile("Arial"));
 }
 
+} // namespace
 } // namespace Detail
 
 RenderTaxonLabels::RenderTaxonLabels(std::size_t mostBytes)

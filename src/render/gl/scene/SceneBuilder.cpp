@@ -15,6 +15,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 // A label starts a little to the right of its branch's end, in world units.
 constexpr double labelGap = 0.001;
@@ -67,6 +69,7 @@ unsigned int widthInPixels(const Box2D& box)
       std::clamp(width, 0.0, double(std::numeric_limits<unsigned int>::max())));
 }
 
+} // namespace
 } // namespace Detail
 
 SceneBuilder::SceneBuilder(boost::shared_ptr<Tree> tree) : _tree(std::move(tree)) {}

@@ -19,6 +19,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 using Kelmar::Math::Matrix44d;
 using Kelmar::Math::Vector3d;
@@ -128,6 +130,7 @@ void drawRectangle(const Quad& quad)
   glDisableClientState(GL_COLOR_ARRAY);
 }
 
+} // namespace
 } // namespace Detail
 
 void ViewCladogram::_createThumbnailImage()

@@ -22,6 +22,8 @@ namespace orvex::render::gl
 {
 namespace Detail
 {
+namespace
+{
 
 using Kelmar::Math::Matrix44d;
 using Kelmar::Math::Vector3d;
@@ -55,6 +57,7 @@ void requireNoError()
 }
 #endif
 
+} // namespace
 } // namespace Detail
 
 ViewCladogram::ViewCladogram() : _batch(new Batch)
