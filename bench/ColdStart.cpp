@@ -10,12 +10,13 @@
 #include "render/gl/device/OpenGL.h"
 
 #include "render/CameraCladogram.h"
+#include "render/DrawingPass.h"
 #include "render/LayoutCladogram.h"
-#include "render/gl/draw/RenderGraph.h"
-#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/draw/ApplyPass.h"
+#include "render/gl/draw/State.h"
+#include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "render/gl/view/Passes.h"
 #include "render/gl/view/ViewCladogram.h"
 #include "shell/base/LargePages.h"
 #include "tree/NewickReader.h"
@@ -42,10 +43,10 @@ namespace
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
-using Kelmar::Math::Matrix44d;
 
 constexpr unsigned int width = 800; // the size of a first start
 constexpr unsigned int height = 600;
+constexpr Viewport mainArea{width / 10, 0, width - width / 10, height};
 
 double cpuMilliseconds()
 {
@@ -92,21 +93,13 @@ std::unique_ptr<QGLWidget> makeWindow()
 }
 
 /// Culls and submits one frame of the main area, and returns its time.
-double frame(Group& root, CameraCladogram& camera,
-             const boost::intrusive_ptr<DisplaySettings>& settings)
+double frame(Group& root, CameraCladogram& camera, DisplaySettings& settings)
 {
   const double start = cpuMilliseconds();
-  const Viewport area{width / 10, 0, width - width / 10, height};
-  const Matrix44d matrix = camera.viewMatrix(area);
-  const Matrix44d projection =
-      Matrix44d::orthographic(0.0, area.width, 0.0, area.height, -10.0, 10.0);
-  applyViewport(area);
-  applyMatrices(projection, matrix);
-  const boost::intrusive_ptr<State> state = makePassState(area, projection, matrix);
-  RenderGraph graph;
-  const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
-      state.get(), camera.zoomLevel(), camera.numberOfZoomLevels(), &graph, settings));
-  root.accept(*visitor);
+  const DrawingPass pass = mainPass(camera, mainArea);
+  applyPass(pass);
+  const boost::intrusive_ptr<State> state(new State(pass));
+  const RenderGraph graph = cullPass(&root, *state, camera, settings);
   graph.render(*state);
   return cpuMilliseconds() - start;
 }
@@ -132,7 +125,7 @@ void sweep(Group& root, CameraCladogram& camera, unsigned int most, nlohmann::js
     for (const double pan : places)
     {
       camera.pan(0.0, pan);
-      frame(root, camera, settings);
+      frame(root, camera, *settings);
     }
   }
   double worst = 0.0;
@@ -141,11 +134,11 @@ void sweep(Group& root, CameraCladogram& camera, unsigned int most, nlohmann::js
   for (unsigned int i = 0; i <= count && most > 0; ++i)
   {
     zoomTo(camera, static_cast<unsigned int>(std::uint64_t(levels) * i / count));
-    first.push_back(frame(root, camera, settings));
+    first.push_back(frame(root, camera, *settings));
     for (const double pan : places)
     {
       camera.pan(0.0, pan);
-      worst = std::max(worst, frame(root, camera, settings));
+      worst = std::max(worst, frame(root, camera, *settings));
     }
   }
   glDisable(GL_RASTERIZER_DISCARD);
@@ -172,9 +165,8 @@ nlohmann::json stages(const std::string& file, unsigned int mostLevels)
   laps.lap("scene");
   laps.result["scene MiB"] = peakMebibytes() - before;
   const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
-  camera->horizontalPixelsForText(builder->maximumTextLength() + 5);
-  camera->updateZoomInformation(tree->getNumberOfLeafNodes(), 18,
-                                {width / 10, 0, width - width / 10, height});
+  camera->horizontalPixelsForText(builder->maximumTextLength() + gapBesideText);
+  camera->updateZoomInformation(tree->getNumberOfLeafNodes(), pixelsPerLeaf, mainArea);
   boost::intrusive_ptr<Group> root = builder->root();
   builder = nullptr;
   laps.result["peak MiB before the sweep"] = peakMebibytes();

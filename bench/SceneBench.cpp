@@ -3,9 +3,10 @@
 #include "BenchTrees.h"
 #include "MemoryMeter.h"
 #include "render/CameraCladogram.h"
+#include "render/DrawingPass.h"
 #include "render/LayoutCladogram.h"
-#include "render/gl/draw/RenderGraph.h"
-#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/draw/State.h"
+#include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/gl/scene/SceneBuilder.h"
 #include "tree/Tree.h"
@@ -43,16 +44,13 @@ boost::intrusive_ptr<gl::Group> randomScene(unsigned int leaves)
 /// A window of 1200 x 800 pixels, zoomed in by a share of what is possible, in percent.
 struct Look
 {
-  Look(unsigned int leaves, double percent) : camera(new CameraCladogram), state(new gl::State)
+  Look(unsigned int leaves, double percent) : camera(new CameraCladogram)
   {
     const Viewport viewport{120, 0, 1080, 800};
     camera->horizontalPixelsForText(150);
-    camera->updateZoomInformation(leaves, 18, viewport);
+    camera->updateZoomInformation(leaves, gl::pixelsPerLeaf, viewport);
     camera->zoomByAmount((camera->maximumZoom() - 1.0) * percent / 100.0);
-    state->viewport(viewport);
-    state->modelViewMatrix(camera->viewMatrix(viewport));
-    state->projectionMatrix(
-        Kelmar::Math::Matrix44d::orthographic(0.0, 1080.0, 0.0, 800.0, -10.0, 10.0));
+    state = new gl::State(mainPass(*camera, viewport));
   }
 
   boost::intrusive_ptr<CameraCladogram> camera;
@@ -106,11 +104,7 @@ void cull(benchmark::State& state)
   std::size_t labels = 0;
   const auto frame = [&]
   {
-    gl::RenderGraph graph;
-    const boost::intrusive_ptr<gl::CullVisitor> visitor(
-        new gl::CullVisitor(look.state.get(), look.camera->zoomLevel(),
-                            look.camera->numberOfZoomLevels(), &graph, settings));
-    scene->accept(*visitor);
+    const gl::RenderGraph graph = gl::cullPass(scene.get(), *look.state, *look.camera, *settings);
     proxies = graph.lowLod().size();
     lines = graph.highLod().size();
     labels = graph.text().size();

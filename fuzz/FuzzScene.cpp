@@ -4,11 +4,11 @@
 #include "foundation/counted/InstanceManager.h"
 #include "render/CameraCladogram.h"
 #include "render/DisplaySettings.h"
+#include "render/DrawingPass.h"
 #include "render/LayoutCladogram.h"
-#include "render/gl/draw/RenderGraph.h"
-#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/draw/State.h"
+#include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "render/gl/view/Passes.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 #include "tree/TreeDepth.h"
@@ -23,30 +23,20 @@ namespace
 using namespace orvex::render;
 using namespace orvex::render::gl;
 
-void cull(Group& scene, const CameraCladogram& camera, const Viewport& area)
-{
-  using Kelmar::Math::Matrix44d;
-  const auto state =
-      makePassState(area, Matrix44d::orthographic(0, area.width, 0, area.height, -10, 10),
-                    camera.viewMatrix(area));
-  RenderGraph graph;
-  const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
-      state.get(), camera.zoomLevel(), camera.numberOfZoomLevels(), &graph, new DisplaySettings));
-  scene.accept(*visitor);
-}
-
 void cullEverywhere(Group& scene, unsigned int leaves, unsigned int textLength)
 {
+  const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
   for (const Viewport& area : {Viewport{80, 0, 720, 600}, Viewport{0, 0, 1, 1}})
   {
     const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
-    camera->horizontalPixelsForText(textLength);
-    camera->updateZoomInformation(leaves, 18, area);
+    camera->horizontalPixelsForText(textLength + gapBesideText);
+    camera->updateZoomInformation(leaves, pixelsPerLeaf, area);
     for (const double zoom : {0.0, 1.5, 1e9})
     {
       camera->zoomByAmount(zoom);
       camera->pan(0.0, 0.1);
-      cull(scene, *camera, area);
+      const boost::intrusive_ptr<State> state(new State(mainPass(*camera, area)));
+      cullPass(&scene, *state, *camera, *settings);
     }
   }
 }

@@ -1,29 +1,41 @@
 #include "render/gl/device/FrameBufferObject.h"
 
-#include "render/gl/device/OpenGL.h"
+#include "render/gl/device/TextureUpload.h"
 
 namespace orvex::render::gl
 {
 
 FrameBufferObject::FrameBufferObject()
 {
-  glGenFramebuffersEXT(1, &_id);
+  _id.make();
 }
 
 FrameBufferObject::~FrameBufferObject()
 {
   glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
-  glDeleteFramebuffersEXT(1, &_id);
+  _id.remove();
 }
 
 void FrameBufferObject::bind()
 {
-  glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, _id);
+  glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, _id.get());
 }
 
 void FrameBufferObject::unbind()
 {
   glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
+}
+
+void FrameBufferObject::attachTexture(TextureName& texture, unsigned int width, unsigned int height)
+{
+  bind();
+  texture.make();
+  glBindTexture(GL_TEXTURE_2D, texture.get());
+  setTextureParameters();
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, static_cast<GLsizei>(width),
+               static_cast<GLsizei>(height), 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
+  glFramebufferTexture2DEXT(GL_FRAMEBUFFER_EXT, GL_COLOR_ATTACHMENT0_EXT, GL_TEXTURE_2D,
+                            texture.get(), 0);
 }
 
 bool FrameBufferObject::isSupported()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "render/gl/device/ObjectName.h"
+
 #include <boost/core/noncopyable.hpp>
 
 namespace orvex::render::gl
@@ -17,11 +19,14 @@ public:
 
   void bind();
   void unbind();
+  /// Binds this object and gives it a new texture of a size, in RGBA, to draw into.
+  /// \param texture  has no object yet; must live as long as this object is drawn into
+  void attachTexture(TextureName& texture, unsigned int width, unsigned int height);
 
   static bool isSupported();
 
 private:
-  unsigned int _id = 0;
+  FrameBufferName _id;
 };
 
 } // namespace orvex::render::gl

@@ -16,17 +16,17 @@ void Texture2D::apply()
     return;
   }
   glEnable(GL_TEXTURE_2D);
-  if (_texture != 0)
+  if (_texture.exists())
   {
-    glBindTexture(GL_TEXTURE_2D, _texture);
+    glBindTexture(GL_TEXTURE_2D, _texture.get());
     return;
   }
-  _texture = uploadTexture(_image->format(), _image->width(), _image->height(), _image->buffer());
+  uploadTexture(_texture, _image->format(), _image->width(), _image->height(), _image->buffer());
 }
 
 void Texture2D::releaseGLObjects()
 {
-  glDeleteTextures(1, &_texture);
+  _texture.remove();
 }
 
 } // namespace orvex::render::gl

@@ -2,6 +2,7 @@
 
 #include "foundation/counted/Referenced.h"
 #include "render/gl/device/Image.h"
+#include "render/gl/device/ObjectName.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
@@ -22,7 +23,7 @@ public:
   void releaseGLObjects();
 
 private:
-  unsigned int _texture = 0; // none yet
+  TextureName _texture;
   boost::intrusive_ptr<Image> _image;
 };
 

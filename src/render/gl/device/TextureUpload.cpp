@@ -28,12 +28,11 @@ void setTextureParameters()
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
 }
 
-GLuint uploadTexture(GLenum format, unsigned int width, unsigned int height,
-                     const unsigned char* pixels)
+void uploadTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
+                   const unsigned char* pixels)
 {
-  GLuint texture = 0;
-  glGenTextures(1, &texture);
-  glBindTexture(GL_TEXTURE_2D, texture);
+  texture.make();
+  glBindTexture(GL_TEXTURE_2D, texture.get());
   const Detail::PixelStoreGuard guard;
   glPixelStorei(GL_UNPACK_LSB_FIRST, 0);
   glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
@@ -41,7 +40,6 @@ GLuint uploadTexture(GLenum format, unsigned int width, unsigned int height,
   setTextureParameters();
   glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), static_cast<GLsizei>(width),
                static_cast<GLsizei>(height), 0, format, GL_UNSIGNED_BYTE, pixels);
-  return texture;
 }
 
 } // namespace orvex::render::gl

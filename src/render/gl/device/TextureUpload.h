@@ -1,15 +1,16 @@
 #pragma once
 
+#include "render/gl/device/ObjectName.h"
 #include "render/gl/device/OpenGL.h"
 
 namespace orvex::render::gl
 {
 
 /// Makes a texture of gapless rows of bytes and leaves it bound: clamped, linear, without mipmaps.
+/// \param texture  has no object yet
 /// \param format  both the texture's own format and that of \p pixels
-/// \return its name, owned by the caller
-GLuint uploadTexture(GLenum format, unsigned int width, unsigned int height,
-                     const unsigned char* pixels);
+void uploadTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
+                   const unsigned char* pixels);
 
 /// The bound texture's wrapping and filter, as all of our textures have them.
 void setTextureParameters();

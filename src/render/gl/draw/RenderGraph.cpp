@@ -1,6 +1,6 @@
 #include "render/gl/draw/RenderGraph.h"
 
-#include "render/gl/device/OpenGL.h"
+#include "render/gl/device/ClientArrays.h"
 #include "render/gl/draw/Batch.h"
 #include "render/gl/draw/State.h"
 
@@ -12,22 +12,6 @@ namespace Detail
 {
 namespace
 {
-
-/// The vertex and colour arrays, for a scope.
-class LineArrays : private boost::noncopyable
-{
-public:
-  LineArrays()
-  {
-    glEnableClientState(GL_VERTEX_ARRAY);
-    glEnableClientState(GL_COLOR_ARRAY);
-  }
-  ~LineArrays()
-  {
-    glDisableClientState(GL_VERTEX_ARRAY);
-    glDisableClientState(GL_COLOR_ARRAY);
-  }
-};
 
 /// Matrices under which one unit is one pixel of the window and everything lies where the plane of
 /// the tree lies in depth, for a scope.
@@ -80,11 +64,9 @@ public:
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
   }
   ~LabelDrawing()
   {
-    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisable(GL_TEXTURE_2D);
     glPopAttrib();
   }
@@ -119,7 +101,7 @@ void RenderGraph::_add(Drawables& list, const boost::intrusive_ptr<Drawable>& dr
 void RenderGraph::render(State& state) const
 {
   glDisable(GL_LIGHTING);
-  const Detail::LineArrays lines;
+  const ClientArrays arrays{GL_VERTEX_ARRAY, GL_COLOR_ARRAY};
   glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
   const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
   const double depth = (localToScreen * Kelmar::Math::Vector3d(0.0, 0.0, 0.0))[2];
@@ -128,6 +110,7 @@ void RenderGraph::render(State& state) const
   Detail::renderAll(_lowLod, state);
   Detail::renderLines(_highLod, state);
   const Detail::LabelDrawing labels;
+  const ClientArrays coordinates{GL_TEXTURE_COORD_ARRAY};
   Detail::renderAll(_text, state);
 }
 

@@ -5,7 +5,7 @@ namespace orvex::render::gl
 
 Kelmar::Math::Matrix44d State::getLocalToScreenMatrix() const
 {
-  return _viewport.computeWindowMatrix() * _projection * _modelView;
+  return _pass.computeLocalToScreenMatrix();
 }
 
 Batch& State::batch()

@@ -2,7 +2,7 @@
 
 #include "foundation/counted/Referenced.h"
 #include "foundation/math/Matrix44.h"
-#include "render/Viewport.h"
+#include "render/DrawingPass.h"
 #include "render/gl/draw/Batch.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -10,18 +10,22 @@
 namespace orvex::render::gl
 {
 
-/// The viewport and the matrices of one drawing pass. Only records; touches no OpenGL.
+/// The pass that is being drawn, for the drawables and the scene. Touches no OpenGL.
 class State : public Kelmar::Base::Referenced
 {
 public:
-  const Viewport& viewport() const { return _viewport; }
-  void viewport(const Viewport& viewport) { _viewport = viewport; }
+  /// An empty viewport and identities.
+  State() = default;
+  explicit State(const DrawingPass& pass) : _pass(pass) {}
 
-  const Kelmar::Math::Matrix44d& modelViewMatrix() const { return _modelView; }
-  void modelViewMatrix(const Kelmar::Math::Matrix44d& matrix) { _modelView = matrix; }
+  const Viewport& viewport() const { return _pass.viewport; }
+  void viewport(const Viewport& viewport) { _pass.viewport = viewport; }
 
-  const Kelmar::Math::Matrix44d& projectionMatrix() const { return _projection; }
-  void projectionMatrix(const Kelmar::Math::Matrix44d& matrix) { _projection = matrix; }
+  const Kelmar::Math::Matrix44d& modelViewMatrix() const { return _pass.modelView; }
+  void modelViewMatrix(const Kelmar::Math::Matrix44d& matrix) { _pass.modelView = matrix; }
+
+  const Kelmar::Math::Matrix44d& projectionMatrix() const { return _pass.projection; }
+  void projectionMatrix(const Kelmar::Math::Matrix44d& matrix) { _pass.projection = matrix; }
 
   /// From the coordinates of the pass to window coordinates. Computed on each call.
   Kelmar::Math::Matrix44d getLocalToScreenMatrix() const;
@@ -31,9 +35,7 @@ public:
   void batch(const boost::intrusive_ptr<Batch>& batch) { _batch = batch; }
 
 private:
-  Viewport _viewport;
-  Kelmar::Math::Matrix44d _modelView;
-  Kelmar::Math::Matrix44d _projection;
+  DrawingPass _pass;
   boost::intrusive_ptr<Batch> _batch;
 };
 

@@ -4,15 +4,6 @@
 
 namespace orvex::render::gl
 {
-namespace Detail
-{
-namespace
-{
-
-constexpr GLuint noTexture = 0xFFFFFFFF;
-
-} // namespace
-} // namespace Detail
 
 Glyph::Glyph(unsigned int width, unsigned int height)
     : _buffer(new unsigned char[std::size_t(width) * height]()), _width(width), _height(height)
@@ -34,12 +25,12 @@ void Glyph::setHorizontalBearing(double x, double y)
 void Glyph::apply()
 {
   glEnable(GL_TEXTURE_2D);
-  if (_texture != Detail::noTexture)
+  if (_texture.exists())
   {
-    glBindTexture(GL_TEXTURE_2D, _texture);
+    glBindTexture(GL_TEXTURE_2D, _texture.get());
     return;
   }
-  _texture = uploadTexture(GL_ALPHA, _width, _height, _buffer.get());
+  uploadTexture(_texture, GL_ALPHA, _width, _height, _buffer.get());
 }
 
 } // namespace orvex::render::gl

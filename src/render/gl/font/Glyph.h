@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/counted/Referenced.h"
+#include "render/gl/device/ObjectName.h"
 
 #include <memory>
 
@@ -34,7 +35,7 @@ public:
   void apply();
 
 private:
-  unsigned int _texture = 0xFFFFFFFF; // none yet
+  TextureName _texture;
   std::unique_ptr<unsigned char[]> _buffer;
   unsigned int _width;
   unsigned int _height;

@@ -4,13 +4,15 @@
 #include "render/LayoutCladogram.h"
 #include "render/MouseEvent.h"
 #include "render/gl/device/FrameBufferObject.h"
+#include "render/gl/device/Image.h"
 #include "render/gl/device/OpenGL.h"
 #include "render/gl/device/Texture2D.h"
+#include "render/gl/draw/ApplyPass.h"
 #include "render/gl/draw/Batch.h"
-#include "render/gl/draw/RenderGraph.h"
-#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/draw/State.h"
+#include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "render/gl/view/Passes.h"
+#include "render/gl/view/ThumbnailPicture.h"
 #include "tree/Tree.h"
 
 #include <boost/core/noncopyable.hpp>
@@ -29,9 +31,8 @@ using Kelmar::Math::Matrix44d;
 using Kelmar::Math::Vector3d;
 
 constexpr double thumbnailShare = 0.1;
-constexpr unsigned int gapBesideText = 5;
-// The height of one leaf at the greatest zoom.
-constexpr unsigned int pixelsPerLeaf = 18;
+// Takes the unit square to the whole column, under the column's projection.
+const Vector3d thumbnailShift(-0.5, -0.5, -2.5);
 
 /// Whether labels are drawn, for one pass; true again at the end of the scope.
 class DrawTextGuard : private boost::noncopyable
@@ -45,6 +46,22 @@ public:
 
 private:
   DisplaySettings& _settings;
+};
+
+/// Everything in high detail, for a scope; then the user's choice again.
+class HighLodGuard : private boost::noncopyable
+{
+public:
+  explicit HighLodGuard(DisplaySettings& settings)
+      : _settings(settings), _before(settings.alwaysUseHighLod())
+  {
+    _settings.alwaysUseHighLod(true);
+  }
+  ~HighLodGuard() { _settings.alwaysUseHighLod(_before); }
+
+private:
+  DisplaySettings& _settings;
+  bool _before;
 };
 
 #ifndef NDEBUG
@@ -89,7 +106,7 @@ void ViewCladogram::update()
   SceneBuilder builder(tree());
   builder.buildScene(layout->layout(tree()));
   _root = builder.root();
-  camera()->horizontalPixelsForText(builder.maximumTextLength() + Detail::gapBesideText);
+  camera()->horizontalPixelsForText(builder.maximumTextLength() + gapBesideText);
 }
 
 void ViewCladogram::resize(unsigned int width, unsigned int height)
@@ -104,12 +121,10 @@ void ViewCladogram::resize(unsigned int width, unsigned int height)
   {
     return;
   }
-  _mainProjection =
-      Matrix44d::orthographic(0.0, _mainViewport.width, 0.0, _mainViewport.height, -10.0, 10.0);
+  _mainProjection = mainProjection(_mainViewport);
   if (tree())
   {
-    camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), Detail::pixelsPerLeaf,
-                                    _mainViewport);
+    camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), pixelsPerLeaf, _mainViewport);
   }
 }
 
@@ -129,24 +144,87 @@ void ViewCladogram::render()
 #endif
 }
 
+void ViewCladogram::_createThumbnailImage()
+{
+  // At once: without support for framebuffer objects there is no second try before the next resize.
+  _thumbnailDirty = false;
+  if (!FrameBufferObject::isSupported())
+  {
+    return;
+  }
+  _thumbnailTextureId.remove();
+  _frameBuffer = std::make_unique<FrameBufferObject>();
+  // A window of a few pixels has no column, and OpenGL no framebuffer without pixels.
+  if (!_thumbnailViewport.empty())
+  {
+    _frameBuffer->attachTexture(_thumbnailTextureId, _thumbnailViewport.width,
+                                _thumbnailViewport.height);
+  }
+  if (_thumbnailTexture)
+  {
+    _thumbnailTexture->releaseGLObjects();
+    _thumbnailTexture = nullptr;
+  }
+  if (!_thumbnailViewport.empty())
+  {
+    _drawThumbnailImage();
+  }
+}
+
+void ViewCladogram::_drawThumbnailImage()
+{
+  const OffscreenDrawing offscreen(*_frameBuffer);
+  glDisable(GL_DEPTH_TEST);
+  glDepthMask(GL_FALSE);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  const DrawingPass pass = _thumbnailPass();
+  applyPass(pass);
+  {
+    const Detail::HighLodGuard highLod(*settings());
+    _cullAndDraw(*boost::intrusive_ptr<State>(new State(pass)), false);
+  }
+  const boost::intrusive_ptr<Image> image(new Image);
+  image->init(_thumbnailViewport.width, _thumbnailViewport.height, GL_RGBA);
+  // Uploads the pixels when it is first applied, which is after they are read.
+  _thumbnailTexture = new Texture2D(image);
+  readThumbnailPicture(*image);
+}
+
+DrawingPass ViewCladogram::_thumbnailPass() const
+{
+  return {_thumbnailViewport, _thumbnailProjection,
+          Detail::Matrix44d::translation(Detail::thumbnailShift)};
+}
+
+void ViewCladogram::_renderThumbnailView(const Kelmar::Math::Matrix44d& matrix)
+{
+  if (_thumbnailDirty)
+  {
+    _createThumbnailImage();
+  }
+  applyPass(_thumbnailPass());
+  if (_thumbnailTexture)
+  {
+    drawThumbnailPicture(*_thumbnailTexture);
+  }
+  drawShownPart(shownPart({_mainViewport, _mainProjection, matrix}));
+}
+
 void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
 {
   glEnable(GL_DEPTH_TEST);
-  applyViewport(_mainViewport);
-  applyMatrices(_mainProjection, matrix);
-  _cullAndDraw(*makePassState(_mainViewport, _mainProjection, matrix), true);
+  const DrawingPass pass{_mainViewport, _mainProjection, matrix};
+  applyPass(pass);
+  _cullAndDraw(*boost::intrusive_ptr<State>(new State(pass)), true);
 }
 
 void ViewCladogram::_cullAndDraw(State& state, bool drawText)
 {
   state.batch(_batch);
   RenderGraph graph;
-  const boost::intrusive_ptr<CullVisitor> visitor(new CullVisitor(
-      &state, camera()->zoomLevel(), camera()->numberOfZoomLevels(), &graph, settings()));
-  if (_root)
   {
     const Detail::DrawTextGuard guard(*settings(), drawText);
-    _root->accept(*visitor);
+    graph = cullPass(_root.get(), state, *camera(), *settings());
   }
   graph.render(state);
 }

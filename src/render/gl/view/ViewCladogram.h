@@ -1,8 +1,10 @@
 #pragma once
 
 #include "foundation/math/Matrix44.h"
+#include "render/DrawingPass.h"
 #include "render/View.h"
 #include "render/Viewport.h"
+#include "render/gl/device/ObjectName.h"
 #include "render/gl/scene/Node.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -44,11 +46,10 @@ public:
 
 private:
   void _createThumbnailImage();
-  void _attachThumbnailTexture();
-  void _drawThumbnailPicture();
+  void _drawThumbnailImage();
+  DrawingPass _thumbnailPass() const;
+  // Both take the camera's matrix of this frame.
   void _renderThumbnailView(const Kelmar::Math::Matrix44d& matrix);
-  // The world that the main area shows, as the rectangle on the thumbnail draws it.
-  Box2D _shownPart(const Kelmar::Math::Matrix44d& matrix) const;
   void _renderMainView(const Kelmar::Math::Matrix44d& matrix);
   void _cullAndDraw(State& state, bool drawText);
 
@@ -59,8 +60,8 @@ private:
   Kelmar::Math::Matrix44d _thumbnailProjection;
   // The picture must be made again before it is next drawn.
   bool _thumbnailDirty = true;
-  // The colour target of the framebuffer object; 0 for none.
-  unsigned int _thumbnailTextureId = 0;
+  // The colour target of the framebuffer object.
+  TextureName _thumbnailTextureId;
   std::unique_ptr<FrameBufferObject> _frameBuffer;
   // The finished picture; null without framebuffer support.
   boost::intrusive_ptr<Texture2D> _thumbnailTexture;

@@ -1,0 +1,23 @@
+#include "render/gl/scene/CullPass.h"
+
+#include "render/CameraCladogram.h"
+#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/scene/Node.h"
+
+namespace orvex::render::gl
+{
+
+RenderGraph cullPass(Node* scene, State& state, const CameraCladogram& camera,
+                     DisplaySettings& settings)
+{
+  RenderGraph graph;
+  const boost::intrusive_ptr<CullVisitor> visitor(
+      new CullVisitor(&state, camera.zoomLevel(), camera.numberOfZoomLevels(), &graph, &settings));
+  if (scene)
+  {
+    scene->accept(*visitor);
+  }
+  return graph;
+}
+
+} // namespace orvex::render::gl
