@@ -2,6 +2,7 @@
 
 #include "gui/qt/ImageFile.h"
 #include "render/MouseEvent.h"
+#include "render/gl/device/ResolvedFrame.h"
 #include "render/gl/view/ViewCladogram.h"
 
 #include <boost/make_shared.hpp>
@@ -9,9 +10,6 @@
 #include <QGLFormat>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QOpenGLContext>
-#include <QOpenGLExtraFunctions>
-#include <QOpenGLFramebufferObject>
 #include <QWheelEvent>
 
 #include <stdexcept>
@@ -129,26 +127,20 @@ void Viewer::writeImageFile(const std::string& name)
 
 QImage Viewer::picture()
 {
+  using orvex::render::gl::ResolvedFrame;
   // After a frame was shown the buffer's content is undefined, so the frame is drawn once more.
   makeCurrent();
   paintGL();
   // Some drivers read one sample of each pixel where the screen shows their mean. A copy into a
   // buffer without samples forms the mean.
-  if (!format().sampleBuffers() || !QOpenGLFramebufferObject::hasOpenGLFramebufferBlit())
+  if (!format().sampleBuffers() || !ResolvedFrame::isSupported())
   {
     return grabFrameBuffer(false);
   }
-  QOpenGLFramebufferObject resolved(size() * devicePixelRatioF());
-  resolved.bind();
-  const QOpenGLContext* current = QOpenGLContext::currentContext();
-  QOpenGLExtraFunctions* gl = current->extraFunctions();
-  gl->glBindFramebuffer(GL_READ_FRAMEBUFFER, current->defaultFramebufferObject());
-  gl->glBlitFramebuffer(0, 0, resolved.width(), resolved.height(), 0, 0, resolved.width(),
-                        resolved.height(), GL_COLOR_BUFFER_BIT, GL_NEAREST);
-  resolved.bind();
-  QImage picture = grabFrameBuffer(false);
-  resolved.release();
-  return picture;
+  const QSize pixels = size() * devicePixelRatioF();
+  const ResolvedFrame resolved(static_cast<unsigned int>(pixels.width()),
+                               static_cast<unsigned int>(pixels.height()));
+  return grabFrameBuffer(false);
 }
 
 void Viewer::mousePressEvent(QMouseEvent* event)
