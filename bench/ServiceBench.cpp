@@ -5,6 +5,7 @@
 #include "LoopbackServer.h"
 #include "MemoryMeter.h"
 #include "service/TreeJson.h"
+#include "tree/JsonTree.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 #include "tree/TreeService.h"

@@ -9,9 +9,9 @@
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
+#include "render/gl/scene/SceneDepth.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
-#include "tree/TreeDepth.h"
 
 #include <boost/lexical_cast/bad_lexical_cast.hpp>
 
@@ -48,7 +48,7 @@ void show(const std::string& text)
   {
     return;
   }
-  orvex::requireShallow(*tree);
+  requireShallow(*tree);
   const boost::intrusive_ptr<LayoutCladogram> layout(new LayoutCladogram);
   SceneBuilder builder(tree);
   builder.buildScene(layout->layout(tree));

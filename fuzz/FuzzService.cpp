@@ -1,8 +1,9 @@
 // Any body of the tree service is a list, a tree, or one of the documented exceptions.
 #include "Require.h"
+#include "tree/JsonTree.h"
+#include "tree/JsonTreeList.h"
 #include "tree/Tree.h"
 #include "tree/TreeData.h"
-#include "tree/TreeService.h"
 
 #include <boost/variant/get.hpp>
 

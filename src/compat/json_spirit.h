@@ -145,11 +145,8 @@ private:
   Variant _variant;
 };
 
-namespace Detail
-{
-
-/// Builds the value while nlohmann's parser reports what it meets. Its operations' names and types
-/// are the parser's; false from one of them ends the parsing.
+/// Used by read alone: builds the value while nlohmann's parser reports what it meets. Its
+/// operations' names and types are the parser's; false from one of them ends the parsing.
 template <class Config>
 class Builder
 {
@@ -230,14 +227,12 @@ private:
   std::vector<Value*> _containers;
 };
 
-} // namespace Detail
-
 /// \return whether \p text is JSON; if not, \p value is null
 template <class Config>
 bool read(const std::string& text, Value_impl<Config>& value)
 {
   value = Value_impl<Config>();
-  Detail::Builder<Config> builder(value);
+  Builder<Config> builder(value);
   if (nlohmann::json::sax_parse(text, &builder))
   {
     return true;

@@ -10,6 +10,7 @@
 #include "gui/qt/WaitCursor.h"
 #include "render/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
+#include "render/gl/scene/SceneDepth.h"
 #include "shell/base/ExceptionHandler.h"
 #include "shell/base/NoThrow.h"
 #include "tree/Document.h"
@@ -169,6 +170,10 @@ void MainWindow::_documentOpenFromHalvane()
 
 void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)
 {
+  if (document && document->getTree())
+  {
+    orvex::render::gl::requireShallow(*document->getTree());
+  }
   _viewer = new Viewer(this);
   setCentralWidget(_viewer);
   if (!document)

@@ -3,7 +3,6 @@
 #include "tree/NewickReader.h"
 #include "tree/Reader.h"
 #include "tree/Tree.h"
-#include "tree/TreeDepth.h"
 #include "tree/TreeMemory.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
@@ -25,7 +24,6 @@ void Document::read(const std::string& filename)
   const boost::shared_ptr<Tree> tree = reader(filename);
   if (tree)
   {
-    requireShallow(*tree);
     requireMemory(tree->getNumberOfNodes());
   }
   _tree = tree;

@@ -18,9 +18,7 @@ class Document : public Kelmar::Base::Referenced
 public:
   /// Loads a tree from a file, by its extension in any case: ".tre" and ".nwk" are Newick. Any
   /// other extension changes nothing. A Newick file without a tree leaves the document without one.
-  /// \throws what NewickReader throws, and std::runtime_error for a tree too deep or too large to
-  /// be
-  ///         shown
+  /// \throws what NewickReader throws, and std::runtime_error for a tree too large to be shown
   void read(const std::string& filename);
 
   /// Loads a tree from the tree service; blocks until it is in. Replaces the tree only on success.

@@ -1,19 +1,19 @@
 #pragma once
 
+#include <cstddef>
+
 namespace orvex
 {
 
 class Tree;
 
-/// Layout, scene and their destruction recurse once for each level of a tree. This is how many
-/// levels the stack of the main thread can hold, by its present limit. Ask after the limit was
-/// raised.
-unsigned int maximumTreeDepth();
+/// The number of levels below the root; 0 for a tree without one. Counts without recursion.
+unsigned int depthOfTree(const Tree& tree);
 
-/// Refuses a tree that would overflow the stack, without recursion of its own.
-/// \throws std::runtime_error  if the tree under the root is deeper than maximumTreeDepth()
-void requireShallow(const Tree& tree);
-/// The same for a depth counted elsewhere, in levels below the root.
-void requireShallow(unsigned int depth);
+/// Refuses a depth that would overflow the stack of the main thread.
+/// \param depth  number of levels below the root
+/// \param bytesPerLevel  what a recursion takes on the stack for each level
+/// \throws std::runtime_error  if the stack can't hold so many levels
+void requireRoomForDepth(unsigned int depth, std::size_t bytesPerLevel);
 
 } // namespace orvex

@@ -15,7 +15,7 @@ struct TreeData;
 /// build.
 extern const char* const treeServiceUrl;
 
-/// The body that a tree service answers with, whatever its status.
+/// The body that a tree service answers with, whatever its status. Blocks until it is in.
 /// \throws std::runtime_error  if the transfer fails
 std::string downloadText(const std::string& url);
 
@@ -23,10 +23,5 @@ std::string downloadText(const std::string& url);
 void downloadTreeListFrom(const std::string& service,
                           std::vector<boost::shared_ptr<TreeData>>& trees);
 boost::shared_ptr<Tree> downloadTreeFrom(const std::string& service, int id);
-
-/// What the two do with the body that came from \p url.
-void readTreeList(const std::string& body, const std::string& url,
-                  std::vector<boost::shared_ptr<TreeData>>& trees);
-boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url);
 
 } // namespace orvex

@@ -2,8 +2,9 @@
 #include "support/Outcome.h"
 #include "support/SceneFixture.h"
 #include "support/Window.h"
+#include "tree/JsonTree.h"
+#include "tree/JsonTreeList.h"
 #include "tree/TreeData.h"
-#include "tree/TreeService.h"
 
 #include <gmock/gmock.h>
 

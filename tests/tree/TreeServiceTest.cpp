@@ -1,4 +1,5 @@
-#include "tree/TreeService.h"
+#include "tree/JsonTree.h"
+#include "tree/JsonTreeList.h"
 
 #include "support/Outcome.h"
 #include "tree/Tree.h"

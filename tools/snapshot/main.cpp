@@ -6,6 +6,7 @@
 #include "render/CameraCladogram.h"
 #include "render/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
+#include "render/gl/scene/SceneDepth.h"
 #include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
 #include "tree/Document.h"
@@ -100,6 +101,10 @@ boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
   try
   {
     document->read(name);
+    if (document->getTree())
+    {
+      orvex::render::gl::requireShallow(*document->getTree());
+    }
   }
   catch (const std::exception& e)
   {

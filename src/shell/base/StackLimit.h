@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace Kelmar::System
 {
 
@@ -10,5 +12,22 @@ namespace Kelmar::System
 /// The kernel keeps that much room free under the main thread's stack, so no restart is needed. A
 /// higher limit, and one that can't be changed, stay as they are.
 void raiseStackLimit();
+
+/// How many bytes a recursion may take on the stack of the main thread, by its present limit. Ask
+/// after the limit was raised.
+std::size_t stackRoom();
+
+// A build with the address sanitizer or without optimisation takes up to four times the stack.
+#ifdef __has_feature
+#define ORVEX_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define ORVEX_HAS_FEATURE(feature) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || ORVEX_HAS_FEATURE(address_sanitizer) || !defined(__OPTIMIZE__)
+constexpr std::size_t stackFactor = 4;
+#else
+constexpr std::size_t stackFactor = 1;
+#endif
+#undef ORVEX_HAS_FEATURE
 
 } // namespace Kelmar::System
