@@ -3,6 +3,7 @@
 #include "BenchTrees.h"
 #include "MemoryMeter.h"
 #include "render/CameraCladogram.h"
+#include "render/DisplaySettings.h"
 #include "render/DrawingPass.h"
 #include "render/LayoutCladogram.h"
 #include "render/gl/draw/State.h"

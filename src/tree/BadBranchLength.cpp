@@ -7,6 +7,8 @@ namespace orvex
 {
 namespace Detail
 {
+namespace
+{
 
 // In quotes, as a blank at the end is a frequent reason. A whole clade may stand there, so it is
 // cut.
@@ -30,6 +32,7 @@ bool hasQuoteOrComment(const std::string& item)
   return isQuoted || item.find('[') != std::string::npos;
 }
 
+} // namespace
 } // namespace Detail
 
 BadBranchLength::BadBranchLength(const std::string& item)
