@@ -11,6 +11,8 @@ namespace orvex
 {
 namespace Detail
 {
+namespace
+{
 
 // Measured in the whole program with ten million leaves: the most that is in use until the first
 // frame stands, beside the tree. Of other shapes than binary trees none takes more for a node.
@@ -23,6 +25,7 @@ std::string inGibibytes(std::size_t bytes)
   return text;
 }
 
+} // namespace
 } // namespace Detail
 
 std::size_t memoryToShow(unsigned int numberOfNodes)
