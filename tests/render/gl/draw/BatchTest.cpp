@@ -1,0 +1,106 @@
+#include "render/gl/draw/Batch.h"
+
+#include "render/gl/device/OpenGL.h"
+#include "render/gl/draw/LineStrip.h"
+#include "render/gl/draw/State.h"
+#include "render/gl/draw/Triangle.h"
+#include "support/RecordedOpenGL.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace
+{
+
+using namespace orvex::render;
+using namespace orvex::render::gl;
+using Points = std::vector<Point2D<double>>;
+
+struct Polyline : Edge2D
+{
+  explicit Polyline(Points all) : points(std::move(all)) {}
+  void evaluate(Points& result) const override { result = points; }
+
+  Points points;
+};
+
+using Edges = std::vector<boost::intrusive_ptr<Edge2D>>;
+
+TEST(PackedLines, GiveBackTheLinesTheyWereMadeOf)
+{
+  const std::vector<Points> lines{{{0.1, 0.2}, {0.1, 0.7}, {0.9, 0.7}},
+                                  {{0.1, 0.2}, {0.0, 0.0}},
+                                  {{0.0, -3e300}},
+                                  {{5.0, -3e300}, {5.0, 1e-300}, {5.0, 0.0}},
+                                  {{5.0, 0.0}, {5.0, 0.0}}};
+  Edges edges{nullptr, new Polyline({})};
+  for (const Points& line : lines)
+  {
+    edges.emplace_back(new Polyline(line));
+  }
+  const PackedLines packed(edges);
+  std::size_t line = 0, vertex = 0, vertices = 0;
+  for (PackedLines::Reader reader(packed); reader.next(); ++vertex, ++vertices)
+  {
+    if (reader.beginsLine() && vertices > 0)
+    {
+      EXPECT_EQ(vertex, lines.at(line++).size());
+      vertex = 0;
+    }
+    EXPECT_EQ(reader.vertex().x, lines.at(line).at(vertex).x) << line << " " << vertex;
+    EXPECT_EQ(reader.vertex().y, lines.at(line).at(vertex).y) << line << " " << vertex;
+  }
+  EXPECT_EQ(vertices, 11u);
+  const PackedLines none(Edges{});
+  EXPECT_FALSE(PackedLines::Reader(none).next());
+}
+
+/// A pass in which a strip draws its number of lines, each in a row of its own, and then proxies.
+/// \return the drawing calls: what they draw, from where, how many vertices
+std::string drawn(const std::vector<unsigned int>& strips, int proxies = 0)
+{
+  const boost::intrusive_ptr<State> state(new State);
+  state->viewport({0, 0, 10, 20000});
+  double row = 0.5;
+  std::istringstream calls(orvex::test::callsOf(
+      [&]
+      {
+        state->batch().begin(state->viewport(), Kelmar::Math::Matrix44d());
+        for (const unsigned int lines : strips)
+        {
+          Edges edges;
+          for (; edges.size() < lines; row += 1.0)
+          {
+            edges.emplace_back(new Polyline({{2.5, row}, {7.5, row}}));
+          }
+          boost::intrusive_ptr<LineStrip>(new LineStrip(edges))->render(*state);
+        }
+        for (int i = 0; i < proxies; ++i)
+        {
+          boost::intrusive_ptr<Triangle>(new Triangle({}, {}))->render(*state);
+        }
+        state->batch().flush();
+      }));
+  std::string result;
+  for (std::string line; std::getline(calls, line);)
+  {
+    result += line.find("glDrawArrays") == 0 ? line.substr(12) + ";" : "";
+  }
+  return result;
+}
+
+TEST(Batch, DrawsAFullBufferAtOnceAndThenWhatIsLeft)
+{
+  constexpr unsigned int full = Batch::capacity / 2;
+  EXPECT_EQ(drawn({}), "");
+  EXPECT_EQ(drawn({0, 0}), "");
+  EXPECT_EQ(drawn({1, 0, 1}), " 0x1 0 0x4;");
+  EXPECT_EQ(drawn({full - 1, 1}), " 0x1 0 0x1800;");
+  EXPECT_EQ(drawn({full, 1}), " 0x1 0 0x1800; 0x1 0 0x2;");
+  EXPECT_EQ(drawn({2 * full + 5}), " 0x1 0 0x1800; 0x1 0 0x1800; 0x1 0 0xa;") << "one strip";
+  EXPECT_EQ(drawn({}, Batch::capacity / 3), " 0x4 0 0x1800;");
+  EXPECT_EQ(drawn({3}, Batch::capacity / 3 + 1), " 0x1 0 0x6; 0x4 0 0x1800; 0x4 0 0x3;");
+}
+
+} // namespace

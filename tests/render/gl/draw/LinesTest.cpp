@@ -1,0 +1,223 @@
+// Lines in a window with several samples for a pixel, as the viewer has one.
+
+#include "render/gl/device/OpenGL.h"
+
+#include "render/CameraCladogram.h"
+#include "render/gl/draw/LineStrip.h"
+#include "render/gl/draw/RenderGraph.h"
+#include "support/SceneFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QGLWidget>
+#include <QTest>
+
+#include <cmath>
+
+namespace
+{
+
+using namespace orvex::render;
+using namespace orvex::render::gl;
+using Kelmar::Math::Matrix44d;
+using Kelmar::Math::Vector3d;
+
+/// Where a pass looks, in an area 60 pixels from the window's left edge.
+struct Look
+{
+  unsigned int width, height;
+  double zoom = 1.0, pan = 0.0;
+  bool thumbnail = false;
+
+  boost::intrusive_ptr<State> state(unsigned int leaves) const
+  {
+    const boost::intrusive_ptr<State> result(new State);
+    const Viewport area{60, 0, width, height};
+    const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+    camera->updateZoomInformation(leaves, 18, area);
+    camera->zoomByAmount(zoom - 1.0);
+    camera->pan(0.0, pan);
+    result->viewport(area);
+    result->projectionMatrix(thumbnail ? Matrix44d::orthographic(0, 1, 0, 1, -10, 10)
+                                       : Matrix44d::orthographic(0, width, 0, height, -10, 10));
+    result->modelViewMatrix(thumbnail ? Matrix44d() : camera->viewMatrix(area));
+    return result;
+  }
+};
+
+Point2D<double> onScreen(const Point2D<double>& point, const State& state)
+{
+  const Vector3d at = state.getLocalToScreenMatrix() * Vector3d(point.x, point.y, 0.0);
+  return {at[0], at[1]};
+}
+
+// What lies on the border of two pixels belongs to the lower one.
+int pixelAt(double position)
+{
+  return static_cast<int>(std::ceil(position - 1e-6)) - 1;
+}
+
+class Lines : public testing::Test
+{
+protected:
+  static constexpr int width = 800;
+  static constexpr int height = 620;
+
+  void SetUp() override
+  {
+    QGLFormat format;
+    format.setSampleBuffers(true);
+    window = std::make_unique<QGLWidget>(format);
+    window->resize(width, height);
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    window->makeCurrent();
+    window->swapBuffers();
+  }
+
+  /// \return the picture, with its first row at the bottom
+  QImage draw(const RenderGraph& graph, State& state)
+  {
+    const Viewport& area = state.viewport();
+    glViewport(int(area.x), int(area.y), int(area.width), int(area.height));
+    glClear(GL_COLOR_BUFFER_BIT);
+    graph.render(state);
+    return window->grabFrameBuffer().mirrored();
+  }
+
+  std::unique_ptr<QGLWidget> window;
+};
+
+/// Adds the elbows of a layout to a graph, and lights their pixels in a picture of their own.
+struct Elbows
+{
+  Elbows(const orvex::Tree& tree, LayoutInfo2D& layout, const State& state)
+  {
+    expected.fill(Qt::black);
+    for (int node = 0; node < int(tree.getNumberOfNodes()); ++node)
+    {
+      const auto& edges = layout.layoutInfoForNode(node).edges;
+      graph.addHighLod(new LineStrip(edges));
+      for (const auto& edge : edges)
+      {
+        std::vector<Point2D<double>> points;
+        edge->evaluate(points);
+        const auto a = onScreen(points[0], state), b = onScreen(points[2], state);
+        light(a.x, a.y, a.x, b.y, state.viewport());
+        light(a.x, b.y, b.x, b.y, state.viewport());
+      }
+    }
+  }
+
+  void light(double x0, double y0, double x1, double y1, const Viewport& area)
+  {
+    const int left = std::max(pixelAt(std::min(x0, x1)), int(area.x));
+    const int right = std::min(pixelAt(std::max(x0, x1)), int(area.x + area.width) - 1);
+    const int bottom = std::max(pixelAt(std::min(y0, y1)), int(area.y));
+    const int top = std::min(pixelAt(std::max(y0, y1)), int(area.y + area.height) - 1);
+    for (int y = bottom; y <= top; ++y)
+    {
+      for (int x = left; x <= right; ++x)
+      {
+        expected.setPixelColor(x, y, Qt::white);
+      }
+    }
+  }
+
+  RenderGraph graph;
+  QImage expected{800, 620, QImage::Format_RGB32};
+};
+
+TEST_F(Lines, LightEachPixelOfEachElbowAndNoOther)
+{
+  using orvex::tools::TreeShape;
+  for (const TreeShape shape : {TreeShape::Random, TreeShape::Ladder, TreeShape::Polytomy})
+  {
+    const auto tree =
+        orvex::NewickReader().parseContents(orvex::tools::TreeGenerator(3).newick(shape, 150));
+    const auto layout = boost::intrusive_ptr<TreeLayout2D>(new LayoutCladogram)->layout(tree);
+    std::vector<Look> looks{{700, 600, 1.0, 0.0, true}, {70, 613, 1.0, 0.0, true}, {3, 2}};
+    // A step of the width moves the columns by fractions of a pixel, also over multiples of 64.
+    for (unsigned int w = 640; w < 740; w += 14)
+    {
+      looks.insert(looks.end(), {{w, 600}, {w, 511, 1.7, 0.2}, {w, 601, 4.4, -0.37}});
+    }
+    for (const Look& look : looks)
+    {
+      const auto state = look.state(150);
+      const Elbows elbows(*tree, *layout, *state);
+      const QImage picture = draw(elbows.graph, *state).convertToFormat(QImage::Format_RGB32);
+      EXPECT_EQ(picture, elbows.expected)
+          << "shape " << int(shape) << " width " << look.width << " zoom " << look.zoom;
+    }
+  }
+}
+
+struct Elbow : Edge2D
+{
+  Elbow(const Point2D<double>& a, const Point2D<double>& b) : start(a), end(b) {}
+  void evaluate(std::vector<Point2D<double>>& points) const override
+  {
+    points = {start, {start.x, end.y}, end};
+  }
+
+  Point2D<double> start, end;
+};
+
+TEST_F(Lines, OfAStarLieInEvenRowsBesideTheirLabelsAtTheGreatestZoom)
+{
+  for (const unsigned int leaves : {1'000'000u, 3'000'000u, 10'000'000u})
+  {
+    for (const unsigned int place : {0u, leaves / 2, leaves - 30})
+    {
+      SCOPED_TRACE(testing::Message() << "leaf " << place << " of " << leaves);
+      // The rows of 30 leaves as the layout counts them down. More would only be out of sight.
+      double y = 1.0;
+      for (unsigned int leaf = 0; leaf < place; ++leaf)
+      {
+        y -= 1.0 / leaves;
+      }
+      const auto state = Look{740, 600, 1e9, 0.5 - (y - 15.0 / leaves)}.state(leaves);
+      const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
+      std::vector<boost::intrusive_ptr<Edge2D>> edges;
+      std::vector<double> rows;
+      for (; rows.size() < 30; y -= 1.0 / leaves)
+      {
+        edges.emplace_back(new Elbow({0.0, 0.5}, {1.0, y}));
+        labels->addText({1.001, y}, "I");
+        rows.push_back(onScreen({1.0, y}, *state).y);
+      }
+      RenderGraph graph;
+      graph.addHighLod(new LineStrip(edges));
+      for (const auto& label : labels->texts())
+      {
+        graph.addText(label);
+      }
+      const QImage picture = draw(graph, *state);
+      const int end = pixelAt(onScreen({1.0, 0.5}, *state).x);
+      int lit = 0;
+      for (int row = 0; row < height; ++row)
+      {
+        lit += picture.pixel(end, row) == qRgb(255, 255, 255) ? 1 : 0;
+      }
+      EXPECT_EQ(lit, 30);
+      for (const double row : rows)
+      {
+        // With the lines where they belong their spacing is even, by the arithmetic of rounding.
+        EXPECT_EQ(picture.pixel(end, pixelAt(row)), qRgb(255, 255, 255)) << row;
+        double weight = 0.0, middle = 0.0;
+        for (int near = int(row) - 8; near <= int(row) + 8; ++near)
+        {
+          for (int x = end + 1; x < end + 8; ++x)
+          {
+            weight += qRed(picture.pixel(x, near));
+            middle += (near + 0.5) * qRed(picture.pixel(x, near));
+          }
+        }
+        EXPECT_NEAR(middle / weight, row, 0.6) << "but for what its edges round to";
+      }
+    }
+  }
+}
+
+} // namespace
