@@ -2,6 +2,7 @@
 
 option(ORVEX_SANITIZE "Build with the address, leak and undefined behaviour sanitizers" OFF)
 option(ORVEX_WERROR "Take warnings as errors; a later compiler may have more of them" OFF)
+option(ORVEX_PACKAGE "Prepare what cpack makes the Debian package of" OFF)
 option(ORVEX_FUZZ "Build for the fuzzers of fuzz/, with clang and its sanitizers" OFF)
 
 add_library(orvex_flags INTERFACE)
