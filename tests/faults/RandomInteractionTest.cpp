@@ -17,29 +17,24 @@
 #include <regex>
 #include <thread>
 
-namespace
-{
+static std::mt19937 chance;
 
-using namespace orvex::test;
-
-std::mt19937 chance;
-
-int below(int limit)
+static int below(int limit)
 {
   return static_cast<int>(chance() % static_cast<unsigned int>(limit));
 }
 
 template <class Type>
-Type oneOf(std::initializer_list<Type> list)
+static Type oneOf(std::initializer_list<Type> list)
 {
   return *(list.begin() + below(static_cast<int>(list.size())));
 }
 
 /// Does at random what a user can do, and answers every dialog.
-class RandomInteraction : public DisplayTest
+class RandomInteractionTest : public DisplayTest
 {
 protected:
-  RandomInteraction()
+  RandomInteractionTest()
   {
     for (const auto& [path, tree] :
          {std::pair("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])"),
@@ -49,28 +44,30 @@ protected:
       _service.Get(std::string("http://[^/]*") + path, [tree = tree](auto&, auto& response)
                    { response.set_content(tree, "application/json"); });
     }
-    EXPECT_TRUE(QTest::qWaitFor([this] { return _service.is_running(); })); // or nothing ends it
+    // A server that is stopped before it runs would run for ever.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return _service.is_running(); }));
     switchService();
     QObject::connect(&_timer, &QTimer::timeout, [this] { _answerDialog(); });
     _timer.start(1);
   }
 
-  ~RandomInteraction() override
+  ~RandomInteractionTest() override
   {
     _service.stop();
     _thread.join();
   }
 
-  /// From now on the tree service answers, or nobody does.
+  /// Chooses whether the tree service answers from now on or cannot be reached.
   void switchService()
   {
-    // As a proxy, which needs no port of a fixed number that another program may have.
+    // The service acts as a proxy: so it needs no fixed port, which another program may have.
     const std::string proxy = "http://127.0.0.1:" + std::to_string(below(2) ? _port : 1);
     setenv("http_proxy", proxy.c_str(), 1);
     setenv("no_proxy", "none.invalid", 1);
   }
 
-  /// But for the last one, which is missing, any file can be chosen in a dialog.
+  /// Writes one of eight files. \param files  7 leaves out the last one, which does not exist and
+  /// which a dialog would not accept
   std::string anyFile(int files)
   {
     using namespace orvex::tools;
@@ -127,9 +124,9 @@ private:
   QTimer _timer;
 };
 
-TEST_F(RandomInteraction, BreaksNothing)
+TEST_F(RandomInteractionTest, BreaksNothing)
 {
-  // Another run is one with --gtest_random_seed=N.
+  // --gtest_random_seed=N makes another run.
   const unsigned int seed = 20260704u + static_cast<unsigned int>(GTEST_FLAG_GET(random_seed));
   chance.seed(seed);
   Window window;
@@ -197,11 +194,9 @@ TEST_F(RandomInteraction, BreaksNothing)
       ASSERT_EQ(Helper::instanceManager.numberOfObjects(), base);
     }
   }
-  EXPECT_GT(shown, 5000) << "else the events met no tree";
+  EXPECT_GT(shown, 5000) << "most events need a tree";
   EXPECT_THAT(log(), testing::Not(testing::ContainsRegex("(^|\n)Error [^8]")))
-      << "only the net under events writes";
+      << "only Application::notify reports errors here";
   window._documentNew();
   EXPECT_EQ(Helper::instanceManager.numberOfObjects(), base);
 }
-
-} // namespace

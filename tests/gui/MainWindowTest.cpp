@@ -4,11 +4,6 @@
 
 #include <QTest>
 
-namespace
-{
-
-using namespace orvex::test;
-
 const char* const fiveNodes = "((a,b),c);";
 const char* const treeActions[] = {"actionInfo", "actionExport_Image", "actionAlways_Show_Tree"};
 
@@ -124,5 +119,3 @@ TEST_F(MainWindowTest, SaysWhyAFileCannotBeReadAndThenShowsNoTree)
   }
   EXPECT_EQ(log(), "");
 }
-
-} // namespace

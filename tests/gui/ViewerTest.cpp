@@ -4,9 +4,6 @@
 #include <QTest>
 #include <QWheelEvent>
 
-namespace
-{
-
 /// A viewer of 301 leaves in a window, with the whole tree in view.
 class ViewerTest : public DisplayTest
 {
@@ -29,7 +26,7 @@ protected:
   /// How far the view was moved, in world units.
   double shift() { return viewer->camera()->position().y + 0.5; }
 
-  orvex::test::Window window;
+  Window window;
   Lumbra::Viewer* viewer = nullptr;
 };
 
@@ -93,5 +90,3 @@ TEST_F(ViewerTest, SpaceShowsTheWholeTreeAgainOnceTheViewerWasClicked)
   QTest::keyClick(viewer, Qt::Key_Space);
   EXPECT_EQ(viewer->picture(), whole);
 }
-
-} // namespace

@@ -1,32 +1,29 @@
 #include "generate/TreeGenerator.h"
 #include "render/LayoutCladogram.h"
+#include "support/Outcome.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 
 #include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
 
 #include <cmath>
-
-namespace
-{
 
 using namespace orvex::render;
 using orvex::Tree;
 
-boost::intrusive_ptr<LayoutInfo2D> layOut(const boost::shared_ptr<Tree>& tree)
+static boost::intrusive_ptr<LayoutInfo2D> layOut(const boost::shared_ptr<Tree>& tree)
 {
   return boost::intrusive_ptr<LayoutCladogram>(new LayoutCladogram)->layout(tree);
 }
 
-void expectPoint(const Point2D<double>& actual, double x, double y)
+static void expectPoint(const Point2D<double>& actual, double x, double y)
 {
   EXPECT_NEAR(actual.x, x, 1e-12);
   EXPECT_NEAR(actual.y, y, 1e-12);
 }
 
-/// The definition as it stands, with a walk of the subtree for everything.
-void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned int depth)
+/// Compares a clade with the definition, computed by walks of its subtree.
+static void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned int depth)
 {
   const int deepest = tree.findMaximumDepthToLeaf(tree.getRootNodeId());
   const int height = tree.findMaximumDepthToLeaf(id);
@@ -46,7 +43,7 @@ void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned int dep
     const int child = tree.getChild(id, i);
     const Point2D<double> position = info.layoutInfoForNode(child).position;
     sum += position.y;
-    std::vector<Point2D<double>> points(i); // what is in it goes
+    std::vector<Point2D<double>> points(i); // earlier contents are replaced
     node.edges[i]->evaluate(points);
     ASSERT_EQ(points.size(), 3u);
     expectPoint(points[0], node.position.x, node.position.y);
@@ -59,12 +56,6 @@ void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned int dep
 
 TEST(Layout, AgreesWithItsDefinition)
 {
-  EXPECT_EQ(layOut(nullptr), nullptr);
-  EXPECT_EQ(layOut(boost::make_shared<Tree>()), nullptr) << "no root was set";
-  const auto two = layOut(orvex::NewickReader().parseContents("(a,b)(c,d)"));
-  EXPECT_THROW(two->layoutInfoForNode(6), std::out_of_range);
-  EXPECT_FALSE(two->layoutInfoForNode(0).boundingBox.valid()) << "a tree left behind";
-  expectPoint(two->layoutInfoForNode(5).position, 1.0, 0.75); // four leaves are in the store
   using orvex::tools::TreeShape;
   for (unsigned int leaves = 1; leaves < 200; leaves += leaves / 4 + 1)
   {
@@ -83,4 +74,17 @@ TEST(Layout, AgreesWithItsDefinition)
   }
 }
 
-} // namespace
+TEST(Layout, OfNoTreeIsNull)
+{
+  EXPECT_EQ(layOut(nullptr), nullptr);
+  EXPECT_EQ(layOut(boost::make_shared<Tree>()), nullptr) << "no root was set";
+}
+
+TEST(Layout, LeavesOutATreeThatTheReaderLeftBehind)
+{
+  const auto info = layOut(orvex::NewickReader().parseContents("(a,b)(c,d)"));
+  EXPECT_FALSE(info->layoutInfoForNode(0).boundingBox.valid());
+  expectPoint(info->layoutInfoForNode(5).position, 1.0,
+              0.75); // four leaves are in the store
+  EXPECT_THROW(info->layoutInfoForNode(6), std::out_of_range);
+}

@@ -3,9 +3,6 @@
 
 #include <stdexcept>
 
-namespace
-{
-
 class ApplicationTest : public DisplayTest
 {
 protected:
@@ -14,7 +11,7 @@ protected:
   {
     QAction action(nullptr);
     QObject::connect(&action, &QAction::triggered, raise);
-    return orvex::test::boxAfter([&] { orvex::test::triggerFromLoop(action); });
+    return boxAfter([&] { triggerFromLoop(action); });
   }
 };
 
@@ -40,5 +37,3 @@ TEST_F(ApplicationTest, LogsMessagesOfQtUnderTheirLevels)
   EXPECT_EQ(log(), "Qt Warning Message: odd\nthing\nQt Debug Message: \nQt Critical Message: bad\n"
                    "Qt Fatal Message: worse\nQt Warning Message: \xc3\xa9toile\n");
 }
-
-} // namespace

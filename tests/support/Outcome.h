@@ -8,13 +8,21 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
+#include <random>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
-namespace orvex::test
+/// A row of a table: what it is about, a text, and what comes of it.
+struct TextCase
 {
+  const char* what;
+  std::string text, expected;
+};
 
 /// The text of the exception that an action throws; empty if it throws none.
 template <class Action>
@@ -63,4 +71,11 @@ inline std::string written(const std::string& path, const std::string& contents)
   return path;
 }
 
+namespace orvex::test
+{
+using ::errorOf;
+using ::newFolder;
+using ::printed;
+using ::TextCase;
+using ::written;
 } // namespace orvex::test

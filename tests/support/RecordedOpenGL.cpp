@@ -4,10 +4,7 @@
 
 #include <sstream>
 
-namespace
-{
-
-std::string calls;
+static std::string calls;
 
 struct Call
 {
@@ -19,20 +16,18 @@ struct Call
     std::ostringstream line;
     line << std::hex << std::showbase << name;
     ((line << ' ' << arguments), ...);
-    orvex::test::noteCall(line.str());
+    noteCall(line.str());
   }
 };
 
-} // namespace
-
-std::string orvex::test::callsOf(const std::function<void()>& action)
+std::string callsOf(const std::function<void()>& action)
 {
   calls.clear();
   action();
   return calls;
 }
 
-void orvex::test::noteCall(const std::string& line)
+void noteCall(const std::string& line)
 {
   calls += line + "\n";
 }

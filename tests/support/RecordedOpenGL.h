@@ -3,9 +3,6 @@
 #include <functional>
 #include <string>
 
-namespace orvex::test
-{
-
 /// Does something and tells which calls of OpenGL it made, with their arguments, one call a line.
 ///
 /// For programs that are linked with RecordedOpenGL.cpp: there calls of OpenGL are only noted. They
@@ -16,4 +13,8 @@ std::string callsOf(const std::function<void()>& action);
 /// Adds a line of the test's own to the calls.
 void noteCall(const std::string& line);
 
+namespace orvex::test
+{
+using ::callsOf;
+using ::noteCall;
 } // namespace orvex::test

@@ -9,30 +9,32 @@
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 
-namespace orvex::test
-{
-
 inline std::string randomNewick(unsigned int leaves, unsigned int seed)
 {
-  return tools::TreeGenerator(seed).newick(tools::TreeShape::Random, leaves);
+  return orvex::tools::TreeGenerator(seed).newick(orvex::tools::TreeShape::Random, leaves);
 }
 
 /// The scene of a tree.
 struct Scene
 {
-  explicit Scene(const boost::shared_ptr<Tree>& tree) : builder(tree)
+  explicit Scene(const boost::shared_ptr<orvex::Tree>& tree) : builder(tree)
   {
-    const boost::intrusive_ptr<render::TreeLayout2D> layout(new render::LayoutCladogram);
+    const boost::intrusive_ptr<orvex::render::TreeLayout2D> layout(
+        new orvex::render::LayoutCladogram);
     builder.buildScene(layout->layout(tree));
   }
-  explicit Scene(const std::string& newick) : Scene(NewickReader().parseContents(newick)) {}
+  explicit Scene(const std::string& newick) : Scene(orvex::NewickReader().parseContents(newick)) {}
 
-  render::gl::RenderNode& lines() const
+  orvex::render::gl::RenderNode& lines() const
   {
-    return dynamic_cast<render::gl::RenderNode&>(*builder.root()->children().at(1));
+    return dynamic_cast<orvex::render::gl::RenderNode&>(*builder.root()->children().at(1));
   }
 
-  render::gl::SceneBuilder builder;
+  orvex::render::gl::SceneBuilder builder;
 };
 
+namespace orvex::test
+{
+using ::randomNewick;
+using ::Scene;
 } // namespace orvex::test

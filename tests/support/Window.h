@@ -10,9 +10,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-namespace orvex::test
-{
-
 struct Window : Lumbra::MainWindow
 {
   using MainWindow::_documentNew;
@@ -52,4 +49,11 @@ inline void triggerFromLoop(QAction& action)
   QCoreApplication::sendPostedEvents(&action);
 }
 
+namespace orvex::test
+{
+using ::boxAfter;
+using ::confirm;
+using ::triggerFromLoop;
+using ::type;
+using ::Window;
 } // namespace orvex::test

@@ -4,22 +4,16 @@
 #include "tree/Tree.h"
 
 #include <boost/lexical_cast.hpp>
-#include <gmock/gmock.h>
 
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <cmath>
-#include <random>
-
-namespace
-{
 
 using namespace orvex;
-using namespace orvex::test;
+using Case = TextCase;
 
 /// The clade as text; without the root's name and length, as the reader drops them.
-std::string write(const boost::shared_ptr<Tree>& tree, int id)
+static std::string write(const boost::shared_ptr<Tree>& tree, int id)
 {
   std::string text;
   for (unsigned int i = 0; i < tree->getNumChildren(id); ++i)
@@ -32,57 +26,67 @@ std::string write(const boost::shared_ptr<Tree>& tree, int id)
 }
 
 /// What was read from a text or a file, written again, or else the error.
-std::string outcome(const std::string& source, bool isFile = false)
+static std::string readAgain(const std::string& source, bool isFile = false)
 {
   boost::shared_ptr<Tree> tree;
   NewickReader reader;
   const std::string error =
       errorOf([&] { tree = isFile ? reader(source) : reader.parseContents(source); });
-  return tree ? write(tree, tree->getRootNodeId()) : error.empty() ? "none" : error;
+  return tree ? write(tree, tree->getRootNodeId()) : error.empty() ? "no tree" : error;
 }
 
-TEST(NewickReader, ReadsWhatStandsThere)
+TEST(NewickReader, KeepsNamesLengthsAndOrder)
 {
-  for (const auto& [text, tree] : std::vector<std::pair<std::string, std::string>>{
-           {"((a:1,b:2)x:3,c);", "((a:1,b:2)x:3,c)"},
-           {"[&R] tree: (a,b)root:0.5;", "(a,b)"}, // what stands around is dropped
-           {"(a:1, b c\t:2)", "(a:1, b c\t:2)"},
-           {"('a,b''s',\"c\"[x],;)", "('a,b''s',\"c\"[x],;)"},
-           {"()", "()"},
-           {"(,)", "(,)"},
-           {"(:1,(b):2)", "(:1,(b):2)"},
-           {"(a:0,b:-0.0)", "(a,b)"},
-           {"(x(a,b),c)", "((xa,b),c)"}, // text before a nested group
-           {"((a)x(b),c)", "((a),(xb),c)"},
-           {"(a,b)x;(c,d)y;", "(c,d)"},
-           {"(a,(b,c", "(a,(b))"},
-           {"(a,(b)x", "(a,(b))"},
-           {"(", ""},
-           {"a:b;", "none"},
-           {"", "none"},
-           {std::string("(\xC3\xA9\0\xFF,b)", 8), std::string("(\xC3\xA9\0\xFF,b)", 8)},
-           {"(a,b))", "Unexcepted ')' encountered"},
-           {")", "Unexcepted ')' encountered"},
-           {"(a,b),c", "Unexpected comma encountered"},
-           {"a,b", "Unexpected comma encountered"},
-           {"(('k:x; y':1,c))", // a name like those of reference trees
-            R"(Line 1, column 6: "x; y':1" is no branch length. It follows the name "'k". )"
-            "Quotes and comments have no meaning in this format."},
-           {"(b:(1a))", R"(Line 1, column 5: "1a" is no branch length. It follows the name "b".)"}})
+  for (const Case& c :
+       {Case{"names and lengths of leaves and clades", "((a:1,b:2)x:3,c);", "((a:1,b:2)x:3,c)"},
+        Case{"text around the tree is dropped", "[&R] tree: (a,b)root:0.5;", "(a,b)"},
+        Case{"blanks belong to a name", "(a:1, b c\t:2)", "(a:1, b c\t:2)"},
+        Case{"so do quotes and brackets", "('a,b''s',\"c\"[x],;)", "('a,b''s',\"c\"[x],;)"},
+        Case{"any bytes", std::string("(\xC3\xA9\0\xFF,b)", 8),
+             std::string("(\xC3\xA9\0\xFF,b)", 8)},
+        Case{"a leaf without a name", "()", "()"}, Case{"two of them", "(,)", "(,)"},
+        Case{"lengths without names", "(:1,(b):2)", "(:1,(b):2)"},
+        Case{"a length of 0 counts as none", "(a:0,b:-0.0)", "(a,b)"},
+        Case{"text before a group begins the next name", "(x(a,b),c)", "((xa,b),c)"},
+        Case{"also between two groups", "((a)x(b),c)", "((a),(xb),c)"},
+        Case{"the last of two trees", "(a,b)x;(c,d)y;", "(c,d)"},
+        Case{"a tree without its end, up to the last complete item", "(a,(b,c", "(a,(b))"},
+        Case{"and without the name of a clade", "(a,(b)x", "(a,(b))"}, Case{"only a root", "(", ""},
+        Case{"text without a group", "a:b;", "no tree"}, Case{"nothing", "", "no tree"}})
   {
-    EXPECT_EQ(outcome(text), tree) << text;
+    EXPECT_EQ(readAgain(c.text), c.expected) << c.what;
   }
   const std::string large = "(" + std::string(1'000'000, '\xE9') + ",b)";
-  EXPECT_TRUE(outcome(large) == large);
-  // The first of two trees is left behind in the second one's store.
-  NewickReader reader;
-  EXPECT_EQ(reader.parseContents("((a,b)x,c)(d)")->getRootNodeId(), 5);
-  EXPECT_EQ(reader.parseContents("(a,(b")->getNumberOfNodes(), 3u);
-  EXPECT_THAT(errorOf([&] { reader.parseContents("(c,d)"); }), testing::HasSubstr("no other"))
-      << "its groups are still open";
+  EXPECT_TRUE(readAgain(large) == large) << "a name of a million characters";
 }
 
-void expectLengthAsTheLibrary(const std::string& length)
+TEST(NewickReader, SaysWhatIsWrongWithAText)
+{
+  for (const Case& c :
+       {Case{"a ')' too many", "(a,b))", "Unexcepted ')' encountered"},
+        Case{"a ')' first", ")", "Unexcepted ')' encountered"},
+        Case{"a comma after the tree", "(a,b),c", "Unexpected comma encountered"},
+        Case{"a comma first", "a,b", "Unexpected comma encountered"},
+        Case{"a colon in a quoted name", "(('k:x; y':1,c))",
+             R"(Line 1, column 6: "x; y':1" is no branch length. It follows the name "'k". )"
+             "Quotes and comments have no meaning in this format."},
+        Case{"letters in a length", "(b:(1a))",
+             R"(Line 1, column 5: "1a" is no branch length. It follows the name "b".)"}})
+  {
+    EXPECT_EQ(readAgain(c.text), c.expected) << c.what;
+  }
+}
+
+TEST(NewickReader, ReadsAnotherTextOnlyAfterACompleteOne)
+{
+  NewickReader reader;
+  EXPECT_EQ(reader.parseContents("((a,b)x,c)(d)")->getRootNodeId(), 5)
+      << "the first of two trees is left behind in the second one's store";
+  EXPECT_EQ(reader.parseContents("(a,(b")->getNumberOfNodes(), 3u);
+  EXPECT_THAT(errorOf([&] { reader.parseContents("(c,d)"); }), testing::HasSubstr("no other"));
+}
+
+static void expectLengthAsTheLibrary(const std::string& length)
 {
   double expected = 0.0;
   const bool valid = boost::conversion::try_lexical_convert(length, expected);
@@ -114,29 +118,33 @@ TEST(NewickReader, ReadsBranchLengthsAsLexicalCastDoes)
   }
 }
 
-TEST(NewickReader, JoinsTheLinesOfAFileOrTellsWhyItCannotBeRead)
+TEST(NewickReader, JoinsTheLinesOfAFile)
+{
+  const std::string name = newFolder() + "/lines.nwk";
+  for (const Case& c :
+       {Case{"line ends are dropped", "((long\nname\r\n,b\n)\n\nx,\n\nc);\n",
+             "((longname\r,b)x,c)"},
+        Case{"no line end at the end", "(a,\nb)", "(a,b)"}, Case{"an empty file", "", "no tree"},
+        Case{"an error tells the line of the file", "((a:1,\nb\nc:2\r))",
+             R"(Line 3, column 3: "2\r" is no branch length. It follows the name "bc".)"}})
+  {
+    EXPECT_EQ(readAgain(written(name, c.text), true), c.expected) << c.what;
+  }
+}
+
+TEST(NewickReader, SaysWhyAFileCannotBeRead)
 {
   const std::string folder = newFolder();
-  for (const auto& [text, tree] : std::vector<std::pair<std::string, std::string>>{
-           {"((long\nname\r\n,b\n)\n\nx,\n\nc);\n", "((longname\r,b)x,c)"},
-           {"(a,\nb)", "(a,b)"},
-           {"((a:1,\nb\nc:2\r))",
-            R"(Line 3, column 3: "2\r" is no branch length. It follows the name "bc".)"},
-           {"", "none"}})
-  {
-    EXPECT_EQ(outcome(written(folder + "/lines.nwk", text), true), tree);
-  }
-  EXPECT_THAT(outcome(folder + "/missing", true), testing::HasSubstr("file_size: No such file"));
-  EXPECT_THAT(outcome(folder, true), testing::StartsWith("boost::filesystem::file_size: "));
+  const std::string file = written(folder + "/tree.nwk", "(a,b);");
+  EXPECT_THAT(readAgain(folder + "/missing", true), testing::HasSubstr("file_size: No such file"));
+  EXPECT_THAT(readAgain(folder, true), testing::StartsWith("boost::filesystem::file_size: "));
   // A regular file that opens, but has nothing at its start to be read.
-  EXPECT_EQ(outcome("/proc/self/mem", true), "Could not read file.");
+  EXPECT_EQ(readAgain("/proc/self/mem", true), "Could not read file.");
   // With no descriptor left not even root can open a file.
   rlimit limit{};
   ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
   const rlimit none{0, limit.rlim_max};
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-  EXPECT_EQ(outcome(folder + "/lines.nwk", true), "Could not open file.");
+  EXPECT_EQ(readAgain(file, true), "Could not open file.");
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
 }
-
-} // namespace

@@ -5,16 +5,10 @@
 #include "tree/Tree.h"
 #include "tree/TreeData.h"
 
-#include <gmock/gmock.h>
-
-namespace
-{
-
-using orvex::test::errorOf;
-using Cases = std::vector<std::pair<std::string, const char*>>;
+using Case = TextCase;
 
 /// Each node's id, name and children.
-std::string describe(const orvex::Tree& tree)
+static std::string describe(const orvex::Tree& tree)
 {
   std::ostringstream text;
   for (int id = 0; id < static_cast<int>(tree.getNumberOfNodes()); ++id)
@@ -31,57 +25,61 @@ std::string describe(const orvex::Tree& tree)
 
 TEST(TreeService, ListsItsTreesUpToTheFirstFault)
 {
-  for (const auto& c : Cases{
-           {R"([{"id":17,"treeName":"seed plants","owner":{"x":[1,{"id":5}]}},
+  for (const Case& c :
+       {Case{"ids and names; other keys are left out",
+             R"([{"id":17,"treeName":"seed plants","owner":{"x":[1,{"id":5}]}},
                 {"treeName":"Fungi 18S","id":42}])",
-            "7 old;17 seed plants;42 Fungi 18S;"},
-           {"[]", "7 old;"},
-           {R"([{"id":-3},{"treeName":"n"}])", "7 old;-3 ;-1 n;"},
-           {R"([{"id":1,"id":2}])", "7 old;2 ;"},
-           {R"([{"id":1},{"id":17.0}])", "7 old;1 ;boost::bad_get"},
-           {R"([{"id":2147483647},{"id":2147483648}])", "7 old;2147483647 ;boost::bad_get"},
-           {R"([{"id":-2147483649}])", "7 old;boost::bad_get"},
-           {R"([{"treeName":null}])", "7 old;boost::bad_get"},
-           {R"([{"id":1},2])", "7 old;1 ;Entry 2 of"},
-           {R"({"error":"no such page"})", "7 old;The tree service did not answer with a list of"},
-           {R"([{"id":1},)", "7 old;The tree service did not answer with JSON, URL = here"},
-           {"", "7 old;The tree service did not answer with JSON, URL = here"}})
+             "7 old;17 seed plants;42 Fungi 18S;"},
+        Case{"no trees", "[]", "7 old;"},
+        Case{"a missing name or id", R"([{"id":-3},{"treeName":"n"}])", "7 old;-3 ;-1 n;"},
+        Case{"the last of two ids", R"([{"id":1,"id":2}])", "7 old;2 ;"},
+        Case{"no integer", R"([{"id":1},{"id":17.0}])", "7 old;1 ;boost::bad_get"},
+        Case{"the greatest integer and the next", R"([{"id":2147483647},{"id":2147483648}])",
+             "7 old;2147483647 ;boost::bad_get"},
+        Case{"below the least integer", R"([{"id":-2147483649}])", "7 old;boost::bad_get"},
+        Case{"a name that is no text", R"([{"treeName":null}])", "7 old;boost::bad_get"},
+        Case{"an entry that is no object", R"([{"id":1},2])", "7 old;1 ;Entry 2 of"},
+        Case{"no list", R"({"error":"no such page"})",
+             "7 old;The tree service did not answer with a list of"},
+        Case{"a list without an end", R"([{"id":1},)",
+             "7 old;The tree service did not answer with JSON, URL = here"},
+        Case{"nothing", "", "7 old;The tree service did not answer with JSON, URL = here"}})
   {
     std::vector<boost::shared_ptr<orvex::TreeData>> rows{
         boost::shared_ptr<orvex::TreeData>(new orvex::TreeData{7, "old"})};
-    const std::string error = errorOf([&] { orvex::readTreeList(c.first, "here", rows); });
+    const std::string error = errorOf([&] { orvex::readTreeList(c.text, "here", rows); });
     std::string found;
     for (const auto& row : rows)
     {
       found += std::to_string(row->id) + " " + row->name + ";";
     }
-    EXPECT_THAT(found + error, testing::HasSubstr(c.second)) << c.first;
+    EXPECT_THAT(found + error, testing::HasSubstr(c.expected)) << c.what;
   }
 }
 
-TEST(TreeService, GivesATree)
+TEST(TreeService, GivesATreeOrSaysWhatIsWrongWithIt)
 {
-  for (const auto& c :
-       Cases{{R"({"root":{"name":"","children":[{"name":"","children":[
+  const std::string deep(1'000'000, '[');
+  for (const Case& c :
+       {Case{"names, lengths and order",
+             R"({"root":{"name":"","children":[{"name":"","children":[
                 {"name":"a","children":[]},{"name":"b","children":[],"length":0.5}]},
                 {"children":[],"name":"c"}]},"root2":1})",
-              "0 1 4;1 2 3;2a;3b;4c;"},
-             {R"({"root":{"children":[]}})", "0;"},
-             {R"({"root":{"name":"\u00e9","children":[]}})", "0\xc3\xa9;"},
-             {R"({"error":"no such tree"})", "a tree, URL = here"},
-             {R"([{"root":{}}])", "a tree, URL = here"},
-             {R"({"root":[]})", "Node 0 of"},
-             {R"({"root":{"children":[{"name":"a"}]}})", "Node 1 of"},
-             {R"({"root":{"children":{}}})", "boost::bad_get"},
-             {R"({"root":{"name":5,"children":[]}})", "boost::bad_get"},
-             {R"({"root":)", "JSON, URL = here"},
-             {std::string(1'000'000, '['), "JSON, URL = here"},
-             {std::string(1'000'000, '[') + std::string(1'000'000, ']'), "a tree, URL = here"}})
+             "0 1 4;1 2 3;2a;3b;4c;"},
+        Case{"one node without a name", R"({"root":{"children":[]}})", "0;"},
+        Case{"a letter beyond ASCII", R"({"root":{"name":"\u00e9","children":[]}})", "0\xc3\xa9;"},
+        Case{"no root", R"({"error":"no such tree"})", "a tree, URL = here"},
+        Case{"no object", R"([{"root":{}}])", "a tree, URL = here"},
+        Case{"a root that is no object", R"({"root":[]})", "Node 0 of"},
+        Case{"a node without children", R"({"root":{"children":[{"name":"a"}]}})", "Node 1 of"},
+        Case{"children that are no list", R"({"root":{"children":{}}})", "boost::bad_get"},
+        Case{"a name that is no text", R"({"root":{"name":5,"children":[]}})", "boost::bad_get"},
+        Case{"half an answer", R"({"root":)", "JSON, URL = here"},
+        Case{"a million open lists", deep, "JSON, URL = here"},
+        Case{"the same, closed", deep + std::string(deep.size(), ']'), "a tree, URL = here"}})
   {
     std::string tree;
-    const std::string error = errorOf([&] { tree = describe(*orvex::readTree(c.first, "here")); });
-    EXPECT_THAT(tree + error, testing::HasSubstr(c.second)) << c.first.substr(0, 99);
+    const std::string error = errorOf([&] { tree = describe(*orvex::readTree(c.text, "here")); });
+    EXPECT_THAT(tree + error, testing::HasSubstr(c.expected)) << c.what;
   }
 }
-
-} // namespace

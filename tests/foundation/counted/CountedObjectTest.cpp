@@ -2,18 +2,6 @@
 #include "foundation/counted/Referenced.h"
 #include "support/Outcome.h"
 
-#include <boost/smart_ptr/intrusive_ptr.hpp>
-#include <gmock/gmock.h>
-
-#include <cstdlib>
-#include <functional>
-#include <stdexcept>
-
-namespace
-{
-
-using orvex::test::errorOf;
-using orvex::test::printed;
 using testing::MatchesRegex;
 
 /// Does something while it is destroyed.
@@ -25,66 +13,82 @@ struct Object : Kelmar::Base::Referenced
   std::function<void()> last;
 };
 
-TEST(CountedObject, LivesFromConstructionToTheLastReferenceInTheRegistry)
+TEST(CountedObject, HasATypeInTheRegistryFromItsFirstReferenceOn)
 {
   const auto types = [] { return Helper::instanceManager.objects(); };
-  const std::size_t before = Helper::instanceManager.numberOfObjects();
   auto* object = new Object;
-  EXPECT_EQ(types().at(object), "") << "the type is known with the first reference only";
+  EXPECT_EQ(types().at(object), "");
   object->ref();
   EXPECT_EQ(types().at(object), typeid(Object).name());
   object->unref(false);
   EXPECT_EQ(object->refCount(), 0u) << "alive, and can be referenced again";
-  std::vector<boost::intrusive_ptr<Object>> objects{object};
-  for (int i = 0; i < 6; ++i) // copies take no references of their own
+  object->ref();
+  object->unref();
+  EXPECT_EQ(types().count(object), 0u);
+}
+
+TEST(CountedObject, IsCopiedWithoutItsReferencesAndLeavesTheRegistryFromAnyPlace)
+{
+  const std::size_t before = Helper::instanceManager.numberOfObjects();
+  std::vector<boost::intrusive_ptr<Object>> objects{new Object};
+  for (int i = 0; i < 6; ++i)
   {
-    objects.emplace_back(new Object(*object));
-    *objects.back() = *object;
+    objects.emplace_back(new Object(*objects[0]));
+    *objects.back() = *objects[0];
     EXPECT_EQ(objects.back()->refCount(), 1u);
   }
   for (const std::size_t removed : {3u, 0u, 6u, 1u}) // the middle, both ends, the new end
   {
     const Object* gone = objects[removed].get();
     objects[removed].reset();
-    EXPECT_EQ(types().count(gone), 0u);
+    EXPECT_EQ(Helper::instanceManager.objects().count(gone), 0u);
   }
   EXPECT_EQ(Helper::instanceManager.numberOfObjects(), before + 3);
-  EXPECT_EQ(types().size(), before + 3);
+  EXPECT_EQ(Helper::instanceManager.objects().size(), before + 3);
 }
 
-TEST(CountedObject, TellsEveryMisuse)
+TEST(CountedObject, RefusesToBeReleasedMoreOftenThanItIsHeld)
 {
   const boost::intrusive_ptr<Object> object(new Object);
-  Object* const none = nullptr;
   object->unref(false);
   EXPECT_THAT(errorOf([&] { object->unref(); }),
               MatchesRegex("Error 1107142984: Address 0x[0-9a-f]+, type '.*Object.*', attempting "
                            "to decrement a reference count that is already zero"));
   object->ref(); // no lock is held by the failure
-  EXPECT_EQ(errorOf([&] { intrusive_ptr_add_ref(none); }) + "|" +
-                errorOf([&] { intrusive_ptr_release(none); }),
-            "Error 6722137890: Referencing a null object|"
-            "Error 6722137890: Dereferencing a null object");
-  auto* doomed = new Object;
+}
+
+TEST(CountedObject, RefusesReferencesWhileItIsDeleted)
+{
+  auto* object = new Object;
   std::string refused;
-  doomed->last = [&]
-  { refused = errorOf([&] { doomed->ref(); }) + "|" + errorOf([&] { doomed->unref(); }); };
-  doomed->ref();
-  doomed->unref();
-  EXPECT_THAT(refused, MatchesRegex("Error 3162870490: Address .*', attempting to reference an "
-                                    "object that has been marked for deletion\\|"
-                                    "Error 3760700259: Address .*', attempting to dereference an "
-                                    "object that has been marked for deletion"));
+  object->last = [&]
+  { refused = errorOf([&] { object->ref(); }) + "|" + errorOf([&] { object->unref(); }); };
+  object->ref();
+  object->unref();
+  EXPECT_THAT(
+      refused,
+      MatchesRegex("Error 3162870490: Address .*', attempting to reference an object that has been "
+                   "marked for deletion\\|Error 3760700259: Address .*', attempting to dereference "
+                   "an object that has been marked for deletion"));
+}
+
+TEST(CountedObject, ThatIsNullCannotBeHeld)
+{
+  Object* const none = nullptr;
+  EXPECT_EQ(
+      errorOf([&] { intrusive_ptr_add_ref(none); }) + "|" +
+          errorOf([&] { intrusive_ptr_release(none); }),
+      "Error 6722137890: Referencing a null object|Error 6722137890: Dereferencing a null object");
 }
 
 TEST(CountedObject, TellsWhatItsDestructorThrows)
 {
-  const std::function<void()> thrown = [] { throw std::runtime_error("no paper"); };
+  const std::function<void()> runtimeError = [] { throw std::runtime_error("no paper"); };
+  const std::function<void()> number = [] { throw 17; };
   for (const auto& [last, expected] :
-       {std::pair(thrown, "Error 3897452156: deleting address 0x[0-9a-f]+ of type '.*Object.*' "
-                          "caused an exception, no paper"),
-        std::pair(std::function<void()>([] { throw 17; }),
-                  "Error 2496190937: deleting address .* caused an exception")})
+       {std::pair(runtimeError, "Error 3897452156: deleting address 0x[0-9a-f]+ of type "
+                                "'.*Object.*' caused an exception, no paper"),
+        std::pair(number, "Error 2496190937: deleting address .* caused an exception")})
   {
     auto* object = new Object(last);
     object->ref();
@@ -97,13 +101,17 @@ TEST(CountedObject, TellsWhatItsDestructorThrows)
     EXPECT_THAT(error, MatchesRegex(expected));
     EXPECT_EQ(log, error + "\n") << "a smart pointer's destructor lets nothing out";
   }
+}
+
+TEST(CountedObject, LogsThatItWasDeletedByHand)
+{
   auto* object = new Object;
   object->ref();
   EXPECT_THAT(
       printed([&] { delete object; }),
-      MatchesRegex("Error 2592561907: Deleting object 0x[0-9a-f]+ which has not been "
-                   "marked for deletion\n"
-                   "Error 2427831854: Deleting object 0x[0-9a-f]+ with reference count 1\n"));
+      MatchesRegex(
+          "Error 2592561907: Deleting object 0x[0-9a-f]+ which has not been marked for "
+          "deletion\nError 2427831854: Deleting object 0x[0-9a-f]+ with reference count 1\n"));
 }
 
 TEST(InstanceReportDeathTest, ListsWhatIsLeftAtExitAndNothingElse)
@@ -113,5 +121,3 @@ TEST(InstanceReportDeathTest, ListsWhatIsLeftAtExitAndNothingElse)
               "2 objects remaining:\n\n\tAddress: 0x[0-9a-f]+, Type: .*\n\n\tAddress: 0x");
   EXPECT_EXIT(std::exit(0), testing::ExitedWithCode(0), "^$");
 }
-
-} // namespace

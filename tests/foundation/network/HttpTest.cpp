@@ -5,16 +5,10 @@
 
 #include <httplib.h>
 
-#include <gmock/gmock.h>
-
-namespace
-{
-
 using namespace Kelmar::Network;
-using orvex::test::errorOf;
 
 /// The body, or else the error.
-std::string download(const std::string& url, unsigned int timeoutMilliseconds = 0)
+static std::string download(const std::string& url, unsigned int timeoutMilliseconds = 0)
 {
   std::ostringstream stream;
   const std::string error = errorOf([&] { Http(url).download(&stream, timeoutMilliseconds); });
@@ -22,19 +16,23 @@ std::string download(const std::string& url, unsigned int timeoutMilliseconds = 
 }
 
 // What a real server does is seen where the viewer asks one.
-TEST(Http, GivesTheBodyOrTheReasonAndTheUrl)
+TEST(Http, DeliversAWholeBodyUpToItsLimit)
 {
-  const std::string folder = orvex::test::newFolder();
+  const std::string folder = newFolder();
   std::string large(50'000'000, 'x');
   large.back() = '\0';
-  const std::string url = "file://" + orvex::test::written(folder + "/large", large);
+  const std::string url = "file://" + written(folder + "/large", large);
   EXPECT_TRUE(download(url, 60000) == large);
-  EXPECT_EQ(download("file://" + orvex::test::written(folder + "/empty", "")), "");
+  EXPECT_EQ(download("file://" + written(folder + "/empty", "")), "");
   std::ostringstream stream;
   EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size()).download(); }), "");
   EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size() - 1).download(); }),
             "Error 3886626924: The answer is longer than 49999999 bytes, URL = " + url);
-  EXPECT_EQ(errorOf([&] { Http(url).download(nullptr, 0); }),
+}
+
+TEST(Http, NamesTheReasonAndTheUrlOfAFailure)
+{
+  EXPECT_EQ(errorOf([] { Http("url").download(nullptr, 0); }),
             "Error 2742979881: stream is not valid.");
   setenv("no_proxy", "*", 1);
   httplib::Server silent;
@@ -47,5 +45,3 @@ TEST(Http, GivesTheBodyOrTheReasonAndTheUrl)
                                       ".*, URL = http://127.0.0.1:[0-9]+/x"));
   }
 }
-
-} // namespace

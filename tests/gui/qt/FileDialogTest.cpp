@@ -4,9 +4,6 @@
 
 #include <QDir>
 
-namespace
-{
-
 using Tools::Qt::FileDialog;
 
 /// What a dialog showed when it came up, and the name that it gave.
@@ -32,7 +29,7 @@ protected:
           answer.first =
               (dialog.directory().path() + "|" + dialog.selectedNameFilter()).toStdString();
           filter.isEmpty() ? void() : dialog.selectNameFilter(filter);
-          orvex::test::type(dialog, name);
+          type(dialog, name);
         });
     return answer;
   }
@@ -59,5 +56,3 @@ TEST_F(FileDialogTest, OpensWithoutAHomeDirectoryAndLogsThat)
   EXPECT_EQ(log(),
             "Error 2637892413: Error 2322383190: Failed to find user's document directory\n");
 }
-
-} // namespace

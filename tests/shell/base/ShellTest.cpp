@@ -3,23 +3,14 @@
 #include "shell/base/UserDirectory.h"
 #include "support/Outcome.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <stdexcept>
-
-namespace
-{
-
 using Kelmar::System::Environment;
 using Kelmar::User::Directory;
-using orvex::test::errorOf;
 
 TEST(Guard, WritesOneLineForAFailureAndGoesOn)
 {
   using Kelmar::Functions::noThrow;
   using Kelmar::Functions::Helper::exceptionHandler;
-  EXPECT_EQ(orvex::test::printed(
+  EXPECT_EQ(printed(
                 []
                 {
                   noThrow([] {}, "2445711089");
@@ -34,15 +25,27 @@ TEST(Guard, WritesOneLineForAFailureAndGoesOn)
             "Error 3830268935: why\n");
 }
 
-TEST(UserDirectory, LosesOneSlashOfTheHomeDirectoryAndSaysWhatIsMissing)
+/// The home directory of the time before comes back at the end.
+class UserDirectoryTest : public testing::Test
 {
+protected:
+  ~UserDirectoryTest() override { setenv("HOME", before.c_str(), 1); }
+
   const std::string before = Environment::get("HOME");
+};
+
+TEST_F(UserDirectoryTest, LiesInTheHomeDirectoryThatLosesOneSlash)
+{
   for (const std::string expected : {"/home/user", "/home/user/", ""})
   {
     setenv("HOME", (expected + "/").c_str(), 1);
     EXPECT_EQ(Directory::documents(), expected);
     EXPECT_EQ(Directory::program("Vendor", "a b"), expected + "/.Vendor/a b");
   }
+}
+
+TEST_F(UserDirectoryTest, SaysWhatIsMissing)
+{
   EXPECT_EQ(errorOf([] { Directory::vendor(""); }), "Error 2017220875: Empty vendor name given.");
   EXPECT_EQ(errorOf([] { Directory::program("", ""); }),
             "Error 3166677210: Empty program name given.");
@@ -54,7 +57,4 @@ TEST(UserDirectory, LosesOneSlashOfTheHomeDirectoryAndSaysWhatIsMissing)
               "Error 3888703160: Failed to find user's application-data directory"
               "Error 2322383190: Failed to find user's document directory");
   }
-  setenv("HOME", before.c_str(), 1);
 }
-
-} // namespace

@@ -5,15 +5,7 @@
 #include "support/Outcome.h"
 #include "support/RecordedOpenGL.h"
 
-#include <gtest/gtest.h>
-
-#include <utility>
-
-namespace
-{
-
 using namespace orvex::render::gl;
-using namespace orvex::test;
 
 TEST(Image, HasAByteForEachChannelAndRowsWithoutGaps)
 {
@@ -87,5 +79,3 @@ TEST(FrameBufferObject, IsUnboundBeforeItIsDeleted)
                   glDeleteFramebuffersEXT(1, &name);
                 }));
 }
-
-} // namespace

@@ -6,11 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace
-{
-
 using namespace orvex::render::gl;
-using namespace orvex::test;
 
 /// Notes its name among the calls of OpenGL in place of drawing.
 struct NamedDrawable : Drawable
@@ -82,5 +78,3 @@ TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
                   glDisableClientState(GL_COLOR_ARRAY);
                 }));
 }
-
-} // namespace
