@@ -5,6 +5,23 @@
 
 namespace orvex::render::gl
 {
+namespace Detail
+{
+namespace
+{
+
+// In pixels: more than what rounding makes of a row, whose greatest number is the one below.
+constexpr double tolerance = 0.01;
+constexpr double greatestRow = 1e12;
+
+} // namespace
+} // namespace Detail
+
+void LabelColumn::reserve(std::size_t count)
+{
+  _texts.reserve(count);
+  _rows.reserve(count);
+}
 
 void LabelColumn::add(const boost::intrusive_ptr<Text>& text)
 {
@@ -17,12 +34,14 @@ void LabelColumn::add(const boost::intrusive_ptr<Text>& text)
     _isUniform = _isUniform && text->position().x == last.x && gap >= 0.0;
     _leastGap = std::min(_leastGap, gap);
   }
+  _greatestRow = std::max(_greatestRow, std::abs(text->position().y));
   _outer.add(box);
   _inner.minimum = {std::max(_inner.minimum.x, box.minimum.x),
                     std::max(_inner.minimum.y, box.minimum.y)};
   _inner.maximum = {std::min(_inner.maximum.x, box.maximum.x),
                     std::min(_inner.maximum.y, box.maximum.y)};
   _texts.push_back(text);
+  _rows.push_back(text->position().y);
 }
 
 // True if the labels can differ on the screen by their rows only, and rows fall down the column.
@@ -31,71 +50,84 @@ bool LabelColumn::_isSimple(const Kelmar::Math::Matrix44d& localToScreen) const
   const Kelmar::Math::Matrix44d& m = localToScreen;
   const bool keepsColumns = m[1] == 0.0 && m[4] == 0.0 && m[5] > 0.0;
   const bool isAffine = m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] > 0.0;
-  return keepsColumns && isAffine && _isUniform && _inner.minimum.x <= _inner.maximum.x;
-}
-
-bool LabelColumn::_allFit(const Kelmar::Math::Matrix44d& localToScreen) const
-{
-  const double scale = localToScreen[5] / localToScreen[15];
-  const double reach = std::abs(localToScreen[13] / localToScreen[15]) + scale;
-  // A pixel covers the rounding, as long as numbers of this size have places behind the point.
-  return _leastGap * scale > _outer.maximum.y - _outer.minimum.y + 1.0 && reach < 1e12;
+  const double greatest = (std::abs(m[13]) + m[5] * _greatestRow) / m[15];
+  return keepsColumns && isAffine && greatest < Detail::greatestRow && _isUniform &&
+         _inner.minimum.x <= _inner.maximum.x;
 }
 
 LabelColumn::Kept LabelColumn::thin(const Kelmar::Math::Matrix44d& localToScreen) const
 {
-  const bool isSimple = _isSimple(localToScreen);
+  return _isSimple(localToScreen) ? _thinByRows(localToScreen) : _thinByBoxes(localToScreen);
+}
+
+LabelColumn::Kept LabelColumn::_thinByBoxes(const Kelmar::Math::Matrix44d& localToScreen) const
+{
   Kept kept(_texts.size());
-  if (isSimple && _allFit(localToScreen))
-  {
-    return kept.set();
-  }
   Box2D last;
-  std::size_t lastKept = 0;
   for (std::size_t i = 0; i < _texts.size(); ++i)
   {
     const Box2D box = _texts[i]->getBoundingBoxScreenSpace(localToScreen);
-    if (i != 0 && box.intersects(last))
+    if (i == 0 || !box.intersects(last))
     {
-      continue;
-    }
-    kept.set(i);
-    last = box;
-    if (isSimple)
-    {
-      const std::size_t distance = i - lastKept;
-      lastKept = i;
-      i = _skip(i + 1, last, distance, localToScreen) - 1;
+      kept.set(i);
+      last = box;
     }
   }
   return kept;
 }
 
-// Leaves out labels that run into the last one kept whatever their own height is. Compared are the
-// very numbers that their boxes would be made of, rounded as those are: sums keep their order.
-std::size_t LabelColumn::_skip(std::size_t next, const Box2D& last, std::size_t expected,
-                               const Kelmar::Math::Matrix44d& localToScreen) const
+LabelColumn::Kept LabelColumn::_thinByRows(const Kelmar::Math::Matrix44d& localToScreen) const
 {
-  const auto row = [&](std::size_t i) { return _texts[i]->anchorScreenSpace(localToScreen)[1]; };
-  if (next >= _texts.size() || row(next) + _inner.minimum.y > last.maximum.y)
+  const double pixel = localToScreen[15] / localToScreen[5]; // in world units
+  // Labels nearer than this run into each other, whatever their own heights are.
+  const double near = (_inner.maximum.y - _inner.minimum.y - Detail::tolerance) * pixel;
+  // Labels further than that never do.
+  const double far = (_outer.maximum.y - _outer.minimum.y + Detail::tolerance) * pixel;
+  Kept kept(_texts.size());
+  if (_leastGap > far)
   {
-    return next;
+    return kept.set();
   }
-  const auto runsInto = [&](std::size_t i) { return row(i) + _inner.maximum.y >= last.minimum.y; };
-  // The next gap is mostly as wide as the last one, so the search starts there.
-  std::size_t low = next;
-  std::size_t high = std::min(_texts.size(), next + expected);
-  for (std::size_t step = 1; high < _texts.size() && runsInto(high); step *= 2)
+  std::size_t gap = 1;
+  for (std::size_t i = 0; i < _texts.size();)
   {
-    low = high;
-    high = std::min(_texts.size(), high + step);
+    kept.set(i);
+    std::size_t next = _firstBelow(_rows[i] - near, i + 1, gap);
+    const double clear = _rows[i] - far;
+    if (next < _texts.size() && _rows[next] >= clear)
+    {
+      const Box2D last = _texts[i]->getBoundingBoxScreenSpace(localToScreen);
+      while (next < _texts.size() && _rows[next] >= clear &&
+             _texts[next]->getBoundingBoxScreenSpace(localToScreen).intersects(last))
+      {
+        ++next;
+      }
+    }
+    gap = next - i;
+    i = next;
   }
-  while (low < high)
+  return kept;
+}
+
+// The first label at or after a start that lies below a row. The gaps of a level are much alike, so
+// the search begins where the last one lets expect the next label.
+std::size_t LabelColumn::_firstBelow(double row, std::size_t start, std::size_t expected) const
+{
+  std::size_t low = start;
+  std::size_t high = std::min(_rows.size(), start + expected - 1);
+  for (std::size_t step = 1; high < _rows.size() && _rows[high] >= row; step *= 2)
   {
-    const std::size_t middle = low + (high - low) / 2;
-    runsInto(middle) ? low = middle + 1 : high = middle;
+    low = high + 1;
+    high = std::min(_rows.size(), low + step - 1);
   }
-  return low;
+  if (low < high && _rows[high - 1] >= row)
+  {
+    return high;
+  }
+  const auto at = [this](std::size_t i) { return _rows.begin() + static_cast<std::ptrdiff_t>(i); };
+  const auto first =
+      std::partition_point(at(low), at(high), [row](double other) { return other >= row; });
+  return static_cast<std::size_t>(first - _rows.begin());
 }
 
 std::size_t LabelColumn::firstBelow(double screenY,

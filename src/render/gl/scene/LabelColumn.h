@@ -17,8 +17,9 @@ namespace orvex::render::gl
 /// Labels one below the other, and the choice of those that can be shown without running into each
 /// other.
 ///
-/// The choice goes down the column and compares each label with the last one kept. It knows what
-/// the labels have in common, by which it leaves out comparisons whose result is certain.
+/// The choice goes down the column and compares each label with the last one kept. By what the
+/// labels have in common most comparisons can be told from the distance of two rows, without a look
+/// at the labels.
 class LabelColumn
 {
 public:
@@ -27,7 +28,7 @@ public:
   using Kept = boost::dynamic_bitset<>;
 
   const Texts& texts() const { return _texts; }
-  void reserve(std::size_t count) { _texts.reserve(count); }
+  void reserve(std::size_t count);
   void add(const boost::intrusive_ptr<Text>& text);
 
   Kept thin(const Kelmar::Math::Matrix44d& localToScreen) const;
@@ -36,13 +37,15 @@ public:
 
 private:
   bool _isSimple(const Kelmar::Math::Matrix44d& localToScreen) const;
-  bool _allFit(const Kelmar::Math::Matrix44d& localToScreen) const;
-  std::size_t _skip(std::size_t next, const Box2D& last, std::size_t expected,
-                    const Kelmar::Math::Matrix44d& localToScreen) const;
+  Kept _thinByRows(const Kelmar::Math::Matrix44d& localToScreen) const;
+  Kept _thinByBoxes(const Kelmar::Math::Matrix44d& localToScreen) const;
+  std::size_t _firstBelow(double row, std::size_t start, std::size_t expected) const;
 
   Texts _texts;
+  std::vector<double> _rows; // of the anchors, in world units
   // Every label has a box, and they are anchored in one column, in falling order.
   bool _isUniform = true;
+  double _greatestRow = 0.0;
   double _leastGap = std::numeric_limits<double>::infinity();
   /// In label pixels: the box that holds the box of each label, and the one that each holds, which
   /// may be turned inside out.
