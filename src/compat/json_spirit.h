@@ -20,7 +20,7 @@ namespace json_spirit
 template <class Config>
 class Value_impl;
 
-/// An object is a map; of a key given twice the last value stays.
+/// An object is a map; if a key is given twice, the last value counts.
 template <class String>
 struct Config_map
 {
@@ -84,7 +84,7 @@ public:
     }
     catch (const std::bad_alloc&)
     {
-      // Without memory for the list what is left is destroyed by recursion.
+      // Without memory for the list, the remaining values are destroyed by recursion.
     }
   }
 
@@ -101,7 +101,7 @@ public:
   Array* if_array() { return boost::get<Array>(&_variant); }
 
 private:
-  // What holds further values goes to a list of its own, until only plain ones are left here.
+  // Moves nested containers into one list, level by level, so that no destructor has to recurse.
   void _dismantle()
   {
     std::vector<Value_impl> open;
@@ -202,7 +202,7 @@ private:
   {
     Value& value = _place();
     value = Value(typename Value::Variant(Container()));
-    // Stays valid: a container grows only while none of its values is open.
+    // The pointer stays valid: a container does not grow while one of its values is being filled.
     _containers.push_back(&value);
     return true;
   }

@@ -54,7 +54,7 @@ MainWindow::MainWindow() : _ui(new Ui_MainWindow)
   setWindowIcon(QIcon(":/Images/tesmar_icon.gif"));
   const QSize usual = size();
   restoreGeometry(Tools::Qt::setting(Detail::GEOMETRY).toByteArray());
-  // Of a broken value Qt can make a window of one pixel, which no one would find.
+  // From a damaged value Qt can make a window of one pixel, which a user could not find.
   if (size().expandedTo(minimumSizeHint()) != size())
   {
     resize(usual);
@@ -72,7 +72,7 @@ void MainWindow::_destroy()
   delete _ui;
   _ui = nullptr;
   _documentClose();
-  // A viewer that was replaced may still wait for its deletion; no font may outlive the library.
+  // A viewer that was replaced may not be deleted yet. Its fonts must be released before FreeType.
   qDeleteAll(findChildren<QGLWidget*>(QString(), ::Qt::FindDirectChildrenOnly));
   orvex::render::gl::FreeType::destroy();
 }
@@ -110,7 +110,7 @@ void MainWindow::_documentOpen()
     {
       return;
     }
-    // Before the new file is read: two large trees need not fit into memory.
+    // Before the new file is read, so that memory has to hold one large tree only.
     _documentClose();
     _documentOpen(name);
   }

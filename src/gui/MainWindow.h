@@ -19,8 +19,8 @@ namespace Lumbra
 
 class Viewer;
 
-/// The program's window: a menu bar over the viewer of at most one tree. It keeps its geometry in
-/// the user's settings.
+/// The program's window: a menu bar and the viewer of at most one tree. Its size and place are kept
+/// in the user's settings.
 class MainWindow : public QMainWindow, private boost::noncopyable
 {
   Q_OBJECT
@@ -30,8 +30,7 @@ public:
   ~MainWindow() override;
 
 signals:
-  /// Whether there is a viewer for the actions that need one. Emitted with false by the constructor
-  /// only.
+  /// Whether there is a viewer for the actions that need one. Only the constructor emits false.
   void viewerIsValid(bool valid);
 
 protected:

@@ -22,7 +22,7 @@ TreeListDialog::TreeListDialog(const std::vector<boost::shared_ptr<orvex::TreeDa
     {
       continue;
     }
-    // The item stands at the end of the list from its construction on.
+    // The constructor appends the item to the list, which then owns it.
     auto* item = new QTreeWidgetItem(_ui->treeWidget);
     item->setText(0, text(boost::lexical_cast<std::string>(tree->id)));
     item->setText(1, text(tree->name));

@@ -31,8 +31,9 @@ QGLFormat multisampled()
   return format;
 }
 
-// The key beside a one-button mouse. Away from the Mac it is Control, in the same place; window
-// managers there take Meta for themselves.
+// Whether the key is held with which the left button acts as the right one: Meta, which is the
+// Control key of a Mac. On other systems Control does the same, since window managers there use
+// Meta for themselves.
 bool hasSecondButtonModifier(::Qt::KeyboardModifiers modifiers)
 {
 #ifdef Q_OS_MACOS
@@ -45,6 +46,7 @@ bool hasSecondButtonModifier(::Qt::KeyboardModifiers modifiers)
 /// \param pixel  counted from the edge that becomes -1.0
 double normalized(int pixel, int size)
 {
+  // By way of float: the positions are defined so. Only beyond 2^24 pixels would it round.
   return 2.0 * static_cast<double>(static_cast<float>(pixel)) / size - 1.0;
 }
 
@@ -128,11 +130,11 @@ void Viewer::writeImageFile(const std::string& name)
 QImage Viewer::picture()
 {
   using orvex::render::gl::ResolvedFrame;
-  // After a frame was shown the buffer's content is undefined, so the frame is drawn once more.
+  // Once a frame has been shown, the content of the buffer is undefined. So it is drawn again.
   makeCurrent();
   paintGL();
-  // Some drivers read one sample of each pixel where the screen shows their mean. A copy into a
-  // buffer without samples forms the mean.
+  // Some drivers read only one sample of each pixel, but the screen shows the mean of all samples.
+  // A copy into a buffer without samples forms the mean.
   if (!format().sampleBuffers() || !ResolvedFrame::isSupported())
   {
     return grabFrameBuffer(false);

@@ -24,15 +24,15 @@ struct MouseEvent;
 namespace Lumbra
 {
 
-/// The widget that shows one tree: owns its view and hands Qt's events to it. It draws on demand
-/// only, when Qt asks for it or after an event that may have changed the picture.
+/// The widget that shows one tree: owns its view and passes Qt's events to it. It draws only when
+/// Qt asks for it, or after an event that may have changed the picture.
 class Viewer : public QGLWidget, private boost::noncopyable
 {
 public:
-  /// Makes an OpenGL context of its own and leaves it current. Throws std::runtime_error where the
-  /// display gives none.
+  /// Makes an OpenGL context of its own and leaves it current.
+  /// \throws std::runtime_error  if the display gives no OpenGL context
   explicit Viewer(QWidget* parent);
-  /// Makes its own context current, since another viewer's may be.
+  /// Makes its own context current first, since that of another viewer may be.
   ~Viewer() override;
 
   void tree(boost::shared_ptr<orvex::Tree> tree);

@@ -11,13 +11,13 @@ struct Viewport;
 
 /// Where the user looks at a cladogram, and how far zoomed in.
 ///
-/// A cladogram is a unit square with its leaves in one tall column: zoom stretches y only, about
-/// the middle of the area, and panning moves along y only; x always fills the area left of the
-/// label room. Numbers only, so it needs no OpenGL context.
+/// A cladogram is a unit square with its leaves in one column at the right. So the zoom stretches y
+/// only, about the middle of the area, and panning moves along y only; x always fills the area at
+/// the left of the labels. Computes numbers only and needs no OpenGL context.
 class CameraCladogram : public Kelmar::Base::Referenced
 {
 public:
-  /// Added to world coordinates before all else.
+  /// Added to world coordinates before they are scaled.
   const Point2D<double>& position() const { return _position; }
   /// Moves by \p y in world units; \p x has no effect. The tree can be moved out of sight.
   void pan(double x, double y);
@@ -28,11 +28,11 @@ public:
   /// Adds to the zoom, within its limits.
   void zoomByAmount(double amount);
 
-  /// Position and zoom as in a new camera; limits and label room stay.
+  /// Sets position and zoom as in a new camera; the limits and the room for labels stay.
   void reset();
 
-  /// Takes the zoom's limits and levels from the size of a tree. The zoom itself stays as it is
-  /// until it is next changed.
+  /// Sets the limits and levels of the zoom for the size of a tree. The zoom itself is not changed
+  /// here, even if it is above its new limit.
   /// \param pixelsPerLeaf  height of one leaf at the greatest zoom, in pixels
   /// \pre viewport.height is not 0
   void updateZoomInformation(unsigned int numberOfLeaves, unsigned int pixelsPerLeaf,
@@ -47,8 +47,8 @@ public:
   /// Keeps room for labels at the right edge, in pixels; never less than 150.
   void horizontalPixelsForText(unsigned int pixels);
 
-  /// From world coordinates to pixels of the area, the origin at its lower left, y upward. An area
-  /// smaller than label room and margins is drawn into as if one pixel were left.
+  /// From world coordinates to pixels of the area, the origin at its lower left, y upward. If the
+  /// area is smaller than the room for labels and margins, one pixel is left for the tree.
   Kelmar::Math::Matrix44d viewMatrix(const Viewport& viewport) const;
 
 private:

@@ -17,8 +17,8 @@ public:
   /// The part of the world that the view shows, in world units.
   const Box2D& box() const { return _box; }
 
-  /// True if nothing of \p box, in world units, is to be seen. What only touches the view is seen;
-  /// a box that is not valid never is.
+  /// True if no part of \p box, in world units, is in the view. A box that only touches the view is
+  /// not culled; one that is not valid always is.
   bool isCulled(const Box2D& box) const { return !box.intersects(_box); }
 
 private:

@@ -58,7 +58,8 @@ std::vector<double> makeColumns(unsigned int maximumDepth)
   return columns;
 }
 
-// Once the children are placed: the height above the leaves, the edges and the clade's box.
+// To be called when the children are placed. Computes the height above the leaves, the edges and
+// the box of the clade.
 void placeParent(int node, NodeLayoutInfo& record, LayoutInfo& info)
 {
   const unsigned int numberOfChildren = info.tree.getNumChildren(node);

@@ -9,8 +9,8 @@ namespace orvex::render
 /// downward in leaf order; the root at x = 0.0; a parent at the mean height of its children, joined
 /// to each by an elbow.
 ///
-/// The x of a node follows from its height above its deepest leaf, by columns that crowd
-/// logarithmically towards the leaves. Branch lengths take no part. A tree of one node lies at
+/// The x of a node depends on its height above its deepest leaf, in columns whose distance shrinks
+/// logarithmically towards the leaves. Branch lengths are not used. A tree of one node lies at
 /// (1.0, 1.0). Recurses once for each level.
 class LayoutCladogram : public TreeLayout2D
 {

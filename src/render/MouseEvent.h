@@ -5,7 +5,7 @@
 namespace orvex::render
 {
 
-/// A mouse event in terms that know nothing of pixels or of a widget library.
+/// A mouse event, independent of pixels and of the widget library.
 struct MouseEvent
 {
   /// Normalised over the whole widget: -1.0 at the left and bottom edges, 1.0 at right and top.

@@ -17,15 +17,15 @@ namespace orvex::render
 
 struct MouseEvent;
 
-/// The seam between the window and the drawing: a tree, a camera, the display's switches, and what
-/// a widget asks of them.
+/// The interface between the window and the drawing: holds a tree, a camera and the display's
+/// switches, and names the operations that a widget calls.
 class View : public Kelmar::Base::Referenced
 {
 public:
   View();
   ~View() noexcept(false) override;
 
-  /// Changes the camera by what the mouse did between two events.
+  /// Changes the camera by the movement of the mouse between two events.
   /// \throws std::runtime_error  if the view's matrices can't be inverted
   virtual void handleNavigation(const MouseEvent& current, const MouseEvent& last) = 0;
   /// Zooms by a fraction of the present zoom: 0.1 is a tenth closer.
@@ -34,7 +34,7 @@ public:
   virtual void resize(unsigned int width, unsigned int height) = 0;
   /// Draws one frame into the current context.
   virtual void render() = 0;
-  /// Makes anew what is made once for each tree.
+  /// Makes again what is made once for each tree.
   virtual void update() = 0;
 
   boost::shared_ptr<Tree> tree() const { return _tree; }

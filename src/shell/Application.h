@@ -7,8 +7,8 @@
 namespace Brevan
 {
 
-/// The application object: the net under every event. What a slot or an event handler lets through
-/// is shown in a box, and the event loop goes on.
+/// The application object. It guards every event: an exception that leaves a slot or an event
+/// handler is shown in a box, and the event loop goes on.
 class Application : public QApplication, private boost::noncopyable
 {
 public:

@@ -45,7 +45,7 @@ int Program::run(int argc, char** argv)
   const Application application(argc, argv);
   Detail::identify(organisation, domain, name);
 
-  // The window reads its settings under the names just given.
+  // After the names are set, since the window reads its settings under them.
   Lumbra::MainWindow window;
   window.setWindowTitle(Tools::Qt::text(name));
   window.setVisible(true);

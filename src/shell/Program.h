@@ -3,14 +3,14 @@
 namespace Brevan
 {
 
-/// The whole life of the application, from the log file to the event loop.
+/// Runs the application: opens the log file, shows the main window and runs the event loop.
 class Program
 {
 public:
   Program() = delete;
 
-  /// \return the value of the event loop, for the process's exit code
-  /// \throws whatever keeps the application from starting; what was set up is taken down first
+  /// \return the exit code of the event loop, for the process
+  /// \throws what prevents the start; all that was set up until then is undone first
   static int run(int argc, char** argv);
 };
 

@@ -12,7 +12,7 @@ namespace Detail
 namespace
 {
 
-/// \return null for a level that is not written
+/// \return null if messages of this level are not written
 const char* prefix(QtMsgType type)
 {
   switch (type)

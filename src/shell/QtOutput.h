@@ -5,8 +5,8 @@
 namespace Helper
 {
 
-/// Writes a message of Qt to std::cout, in one insertion, behind a prefix for its level. Lets no
-/// exception pass into Qt. Ending the process after a fatal message is left to Qt.
+/// Writes a message of Qt to std::cout, after a prefix for its level and with a single insertion.
+/// Throws nothing. After a fatal message Qt itself ends the process.
 /// \param message  in UTF-8; null writes nothing
 void qtOutput(QtMsgType type, const char* message);
 

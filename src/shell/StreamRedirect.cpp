@@ -39,6 +39,8 @@ StreamRedirect::StreamRedirect(const std::string& path)
   {
     std::cout.rdbuf(_file.rdbuf());
     std::cerr.rdbuf(_file.rdbuf());
+    // One call for each redirected stream. The setting is common to all streams, so the second call
+    // changes nothing.
     std::ios_base::sync_with_stdio(true);
     std::ios_base::sync_with_stdio(true);
   }

@@ -8,12 +8,12 @@
 namespace Brevan
 {
 
-/// Sends std::cout and std::cerr to one log file in its lifetime. Where the file can't be opened,
-/// the streams stay as they are.
+/// Redirects std::cout and std::cerr to one log file during its lifetime. If the file can't be
+/// opened, the streams are not changed.
 class StreamRedirect : private boost::noncopyable
 {
 public:
-  /// \param path  truncated; empty redirects nothing
+  /// \param path  the log file, which is emptied first; with an empty path nothing is redirected
   explicit StreamRedirect(const std::string& path);
   ~StreamRedirect();
 

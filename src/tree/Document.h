@@ -11,8 +11,8 @@ namespace orvex
 
 class Tree;
 
-/// The open document: owns the current tree and chooses how one is loaded. Lives as long as an open
-/// operation; what outlives it is the shared tree. A load that fails leaves the earlier tree.
+/// The open document: owns the current tree and chooses how one is loaded. It exists only while a
+/// tree is being opened; the tree itself is shared. A load that fails leaves the earlier tree.
 class Document : public Kelmar::Base::Referenced
 {
 public:
@@ -21,7 +21,7 @@ public:
   /// \throws what NewickReader throws, and std::runtime_error for a tree too large to be shown
   void read(const std::string& filename);
 
-  /// Loads a tree from the tree service; blocks until it is in. Replaces the tree only on success.
+  /// Loads a tree from the tree service and waits for it. Replaces the tree only on success.
   /// \throws what Reader throws
   void loadFromHalvane(int id);
 

@@ -19,8 +19,8 @@ namespace
 
 using Value = json_spirit::Value_impl<json_spirit::Config_map<std::string>>;
 
-// For one level of createNode: more than it takes, and as much as a level of the scene is given, so
-// that files and answers are refused from the same depth on.
+// For one level of createNode. It is more than createNode uses, and the same as for a level of the
+// scene, so that trees from files and from the service have the same greatest depth.
 constexpr std::size_t bytesPerLevel = 1024 * Kelmar::System::stackFactor;
 
 // Null if the value is no object or has no such key.
@@ -35,7 +35,7 @@ const Value* find(const Value& value, const std::string& key)
   return found == object->end() ? nullptr : &found->second;
 }
 
-// Levels below a node. What is no node counts as a leaf; createNode says what is wrong with it.
+// Levels below a node. A value that is no node counts as a leaf; createNode reports it.
 unsigned int depthBelow(const Value& root)
 {
   unsigned int deepest = 0;
@@ -57,7 +57,7 @@ unsigned int depthBelow(const Value& root)
   return deepest;
 }
 
-// Functions of their own, so that their temporaries take no room in the frames of createNode.
+// Separate functions, so that their temporaries take no room in the stack frames of createNode.
 void setName(const Value& node, int id, orvex::Tree& tree)
 {
   if (const Value* name = find(node, "name"))

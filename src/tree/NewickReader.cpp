@@ -246,7 +246,7 @@ void NewickReader::_onCloseParentheses()
   _childClosed = true;
 }
 
-// The token in hand labels the child just closed, or else it is a leaf.
+// The current token names the child that was just closed; without one it is a new leaf.
 void NewickReader::_finishItem()
 {
   const int parent = _nodeStack.top();

@@ -14,11 +14,12 @@ class Tree;
 /// Reads a tree in Newick form in one pass over its bytes. A reader serves one file: after a text
 /// that was not complete it refuses another.
 ///
-/// It knows three structural characters, "(", ")" and ",", and a ":" that divides a token into name
-/// and branch length. Every other byte is text of a token: blanks, quotes, square brackets and
-/// semicolons too. Line ends are dropped, so a tree may stand on many lines. What follows the
-/// ")" of the root names nothing. Of several trees in a file the last is the root's; the others'
-/// nodes stay behind, unreached. Missing ")" at the end are no error.
+/// Three characters give the structure, "(", ")" and ",", and a ":" divides a token into name and
+/// branch length. Every other byte is text of a token: blanks, quotes, square brackets and
+/// semicolons too. Line ends are dropped, so a tree may be written on many lines. Text after the
+/// ")" of the root is ignored. If a file has several trees, the root is that of the last one; the
+/// nodes of the others are in the tree too, but the root does not reach them. Missing ")" at the
+/// end are no error.
 ///
 /// After the format described at https://phylipweb.github.io/phylip/newicktree.html, narrower in
 /// that it has no quoting and no comments.

@@ -11,7 +11,7 @@ class Tree;
 class Reader
 {
 public:
-  /// Blocks until the answer is in.
+  /// Blocks until the answer has arrived.
   /// \param id  of the tree on the service, as TreeData has it
   /// \return never null
   /// \throws std::runtime_error  if the download fails, the answer is no tree, or it is too deep

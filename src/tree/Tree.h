@@ -44,8 +44,8 @@ public:
   /// \return the id of a new node without name, distance and children
   /// \throws std::length_error  if there is no further id
   int createNode();
-  /// Makes \p child the last child of \p parent. That it has no other parent is the caller's
-  /// promise.
+  /// Makes \p child the last child of \p parent.
+  /// \pre \p child has no parent yet
   void setRelationship(int parent, int child);
 
   void setName(int id, const std::string& name);
@@ -59,8 +59,8 @@ public:
   int getRootNodeId() const { return _root; }
   void setRootNodeId(int id) { _root = id; }
 
-  /// All nodes, those included that the root doesn't reach: a file with several trees leaves the
-  /// earlier ones behind.
+  /// All nodes, also those that the root does not reach: of a file with several trees, the nodes of
+  /// the earlier trees.
   unsigned int getNumberOfNodes() const;
   /// All nodes without children, reached from the root or not.
   unsigned int getNumberOfLeafNodes() const;

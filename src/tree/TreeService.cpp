@@ -17,7 +17,7 @@ std::string downloadText(const std::string& url)
   std::ostringstream stream;
   Kelmar::Network::Http http(url);
   http.download(&stream, 0);
-  // A string stream that finds no memory drops what it is given and says so only here.
+  // A string stream without memory discards its input; only its state tells so.
   if (!stream)
   {
     throw std::runtime_error("There is not enough memory for the answer of " + url);

@@ -15,7 +15,7 @@ struct TreeData;
 /// build.
 extern const char* const treeServiceUrl;
 
-/// The body that a tree service answers with, whatever its status. Blocks until it is in.
+/// The body of a tree service's answer, whatever its status. Blocks until it has arrived.
 /// \throws std::runtime_error  if the transfer fails
 std::string downloadText(const std::string& url);
 

@@ -32,8 +32,8 @@ std::string addressOf(const Careful* object)
   return out.str();
 }
 
-// A destructor must not throw, not even for a stream that does.
-// Piece by piece, since there may be no memory to put a line together.
+// A destructor must not throw, so errors of the stream are ignored. Written piece by piece, since
+// there may be no memory to put a line together.
 template <class... Pieces>
 void report(const Pieces&... pieces) noexcept
 {

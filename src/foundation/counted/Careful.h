@@ -19,7 +19,7 @@ class alignas(16) Careful
 public:
   /// \throws std::bad_alloc  if the manager finds no memory for its record
   Careful();
-  /// A copy is an object of its own: neither count nor mark are taken over.
+  /// A copy is a separate object: neither count nor mark are copied.
   Careful(const Careful& other);
   Careful& operator=(const Careful& other);
 
@@ -27,8 +27,8 @@ public:
   /// class, not of the object: it is asked for once for each class.
   virtual std::string typeName() const;
 
-  /// Reports on std::cout an object that dies otherwise than by unref. A derived destructor may
-  /// throw; unref then turns what it threw into its own exception.
+  /// Reports on std::cout an object that is not deleted by unref. A derived destructor may throw;
+  /// unref then throws an exception that names the object.
   virtual ~Careful() noexcept(false);
 
   /// Adds a reference.

@@ -35,7 +35,7 @@ Curl::Curl(const std::string& url, std::ostream* output, unsigned int timeoutMil
     throw std::runtime_error("Error 2742979881: stream is not valid.");
   }
   _configure(timeoutMilliseconds);
-  static_cast<void>(handle.release()); // it is this object's from here on
+  static_cast<void>(handle.release()); // from here on this object owns it
 }
 
 Curl::~Curl()
@@ -59,7 +59,7 @@ void Curl::_configure(unsigned int timeoutMilliseconds)
   {
     _check(curl_easy_setopt(_curl, CURLOPT_TIMEOUT_MS, static_cast<long>(timeoutMilliseconds)));
   }
-  // A server must not send the user's machine to its own files or to another protocol.
+  // A redirection must not lead to files of the user's machine or to another protocol.
   _check(curl_easy_setopt(_curl, CURLOPT_REDIR_PROTOCOLS_STR, "http,https"));
 }
 

@@ -13,12 +13,12 @@
 namespace Kelmar::Network
 {
 
-/// Owner of one libcurl easy handle, for one transfer of one URL into a stream. Redirects are
-/// followed, to http and https only. The answer's status is not looked at.
+/// Owns one libcurl easy handle, for one transfer of one URL into a stream. Redirections are
+/// followed, to http and https only. The status of the answer is ignored.
 class Curl : private boost::noncopyable
 {
 public:
-  /// The largest body taken, in bytes: what is downloaded is kept in memory.
+  /// The largest body that is accepted, in bytes: a body is kept in memory.
   static constexpr std::uint64_t maximumBody = std::uint64_t(2) << 30;
 
   /// \param output               not owned, must outlive this object
@@ -51,7 +51,7 @@ private:
   CURL* _curl = nullptr;
   std::uint64_t _bodyLimit;
   std::uint64_t _received = 0;
-  // Raised below libcurl's frames, which no exception may cross.
+  // What a callback threw. libcurl calls it from C code, which no exception may pass.
   std::exception_ptr _failure;
 };
 

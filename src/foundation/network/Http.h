@@ -6,7 +6,7 @@
 namespace Kelmar::Network
 {
 
-/// Fetches what lies under a URL, as often as asked.
+/// Downloads from a URL; may be used several times.
 class Http
 {
 public:

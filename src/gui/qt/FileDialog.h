@@ -28,7 +28,7 @@ public:
   /// \return empty if the user cancelled
   static std::string getSaveFileName(QWidget* parent, const std::string& title,
                                      const Filters& filters);
-  /// \param answer  what it held goes; left empty if the user cancelled
+  /// \param answer  replaced by the chosen names; empty if the user cancelled
   static void getOpenFileNames(QWidget* parent, const std::string& title, const Filters& filters,
                                std::vector<std::string>& answer);
 
@@ -39,7 +39,7 @@ private:
                         const QString& selectedFilter);
 
   static std::string _formatFilters(const Filters& filters);
-  // A failure of the settings is reported on std::cout and stops no dialog.
+  // A failure of the settings is reported on std::cout; the dialog goes on without them.
   static QString _lastFileDialogDir(const std::string& title);
   static void _lastFileDialogDir(const std::string& title, const std::string& directory);
   static QString _lastFileDialogFilter(const std::string& title);

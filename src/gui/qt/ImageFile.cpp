@@ -14,7 +14,7 @@ bool saveImage(const QImage& image, const std::string& name)
 {
   const QString path = fileName(name);
   const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
-  // A writer that is given no format would choose one itself.
+  // Without a format the writer would choose one by itself.
   if (!QImageWriter::supportedImageFormats().contains(format))
   {
     return false;

@@ -7,8 +7,8 @@ class QImage;
 namespace Tools::Qt
 {
 
-/// Writes an image in the format that the name's suffix tells. The file appears when it is
-/// complete: after a failure what stood under that name before is untouched.
+/// Writes an image in the format of the name's suffix. The file gets its name only when it is
+/// complete: after a failure an earlier file of that name is unchanged.
 /// \return whether the file was written
 bool saveImage(const QImage& image, const std::string& name);
 

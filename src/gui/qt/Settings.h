@@ -5,7 +5,7 @@
 class QString;
 
 /// The user's settings, under the organisation and application names that QCoreApplication has at
-/// that moment. No settings object outlives an access.
+/// that moment. Each call opens the settings and closes them again.
 namespace Tools::Qt
 {
 

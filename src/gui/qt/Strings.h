@@ -5,11 +5,11 @@
 
 #include <string>
 
-/// The one crossing between the narrow strings below the windows and Qt's strings.
+/// Converts between std::string and Qt's strings. No other code does.
 namespace Tools::Qt
 {
 
-/// Texts cross as UTF-8.
+/// Texts are converted as UTF-8.
 inline QString text(const std::string& value)
 {
   return QString::fromStdString(value);
@@ -20,7 +20,8 @@ inline std::string text(const QString& value)
   return value.toStdString();
 }
 
-/// File names cross in the file system's own encoding, so that each name leads back to its file.
+/// File names are converted by the file system's own encoding, so that a name that came from the
+/// file system names the same file again.
 inline QString fileName(const std::string& value)
 {
   return QFile::decodeName(QByteArray::fromStdString(value));

@@ -8,7 +8,7 @@
 namespace Lumbra
 {
 
-/// Shows the wait cursor in its lifetime.
+/// Shows the wait cursor during its lifetime.
 class WaitCursor : private boost::noncopyable
 {
 public:

@@ -6,12 +6,12 @@
 namespace Kelmar::Functions::Helper
 {
 
-/// Writes the line of a guard and flushes: "Error ", the identifier, ": " and what is known of the
-/// failure. The line goes out in one insertion, so lines of two reports never mix.
+/// Reports an exception that was caught: writes the line "Error <id>: <text>" and flushes. The line
+/// is written with a single insertion, so that the lines of two reports do not mix.
 ///
-/// \param id  ten decimal digits fixed for the place that reports; null stands for a number of the
-///            function's own
-/// What the stream throws is not caught.
+/// \param id  ten decimal digits that belong to the place that reports; for null the function uses
+///            a number of its own
+/// \throws what the stream throws
 void exceptionHandler(const char* id, std::ostream& out);
 void exceptionHandler(const char* id, const std::exception& e, std::ostream& out);
 

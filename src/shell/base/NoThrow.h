@@ -7,8 +7,8 @@
 namespace Kelmar::Functions
 {
 
-/// Calls a function whose failure must go no further, as in a destructor. A failure becomes one
-/// line on std::cout.
+/// Calls a function and lets no exception of it out, as a destructor needs. An exception is
+/// reported by one line on std::cout.
 template <class Function>
 void noThrow(Function function, const char* id)
 {

@@ -11,7 +11,7 @@ namespace Detail
 namespace
 {
 
-// What lies above and below the recursion: main, the event loop, the OpenGL driver.
+// For all that is not the recursion: main, the event loop, the OpenGL driver.
 constexpr rlim_t reserve = rlim_t(2) << 20;
 // Whatever the limit says, the kernel may place other mappings this far below the stack's start.
 constexpr rlim_t guaranteedRoom = rlim_t(127) << 20;
@@ -26,7 +26,7 @@ void raiseStackLimit()
   {
     return;
   }
-  // RLIM_INFINITY is the largest value of its type, so it needs no case of its own.
+  // RLIM_INFINITY is the largest value of its type, so it needs no separate case.
   const rlim_t wanted = std::min(limit.rlim_max, rlim_t(128) << 20);
   if (limit.rlim_cur < wanted)
   {

@@ -6,15 +6,15 @@ namespace Kelmar::System
 {
 
 /// Raises the limit of this process's stack in place to 128 MiB, or to what the system permits if
-/// that is less. Work on a tree recurses once for each of its levels, and the usual 8 MiB would
-/// refuse deep trees that are in order. To be called by main before anything else.
+/// that is less. Work on a tree recurses once for each of its levels, and the usual 8 MiB are too
+/// little for deep trees. To be called by main before anything else.
 ///
 /// The kernel keeps that much room free under the main thread's stack, so no restart is needed. A
-/// higher limit, and one that can't be changed, stay as they are.
+/// limit that is higher or can't be changed is left as it is.
 void raiseStackLimit();
 
-/// How many bytes a recursion may take on the stack of the main thread, by its present limit. Ask
-/// after the limit was raised.
+/// How many bytes a recursion may use on the stack of the main thread, by its present limit. To be
+/// called after the limit was raised.
 std::size_t stackRoom();
 
 // A build with the address sanitizer or without optimisation takes up to four times the stack.

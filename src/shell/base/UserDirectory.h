@@ -5,23 +5,23 @@
 namespace Kelmar::User
 {
 
-/// Where the user's things lie. Paths only, without a slash at their end: no directory is made or
-/// looked at.
+/// The directories for the user's files and settings. The functions only form paths, without a
+/// slash at the end: no directory is created, and none needs to exist.
 class Directory
 {
 public:
   Directory() = delete;
 
-  /// What a file dialog shows first: the home directory.
+  /// The directory that a file dialog shows first: the home directory.
   /// \throws std::runtime_error  if HOME is unset or empty
   static std::string documents();
-  /// What the programs' own directories lie under: the home directory.
+  /// The directory that contains the programs' own directories: the home directory.
   /// \throws std::runtime_error  if HOME is unset or empty
   static std::string appData();
-  /// A vendor's hidden directory.
+  /// The hidden directory of a vendor.
   /// \throws std::runtime_error  for an empty name, and as appData()
   static std::string vendor(const std::string& vendor);
-  /// A program's directory in its vendor's.
+  /// The directory of a program, inside that of its vendor.
   /// \throws std::runtime_error  for an empty name, and as vendor()
   static std::string program(const std::string& vendor, const std::string& program);
 };

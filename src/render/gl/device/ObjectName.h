@@ -11,9 +11,9 @@ enum class ObjectKind
   FrameBuffer
 };
 
-/// Owns the number by which OpenGL knows one of its objects. The destructor does not delete that
-/// object, since its context may not be current then, or gone: who knows that it is current calls
-/// remove(). What is not removed ends with its context.
+/// Owns the name of an OpenGL object, which is a number. The destructor does not delete the object,
+/// since its context may no longer be current or exist: code that knows that it is current calls
+/// remove(). An object that is not removed is deleted with its context.
 template <ObjectKind kind>
 class ObjectName : private boost::noncopyable
 {
@@ -21,7 +21,7 @@ public:
   bool exists() const { return _name != 0; }
   unsigned int get() const { return _name; }
 
-  /// Has a name made for an object. Needs a current context.
+  /// Asks OpenGL for a new name. Needs a current context.
   /// \pre there is none yet
   void make();
   /// Deletes the object, if there is one. Needs the context current in which it was made.

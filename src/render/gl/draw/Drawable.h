@@ -7,8 +7,8 @@ namespace orvex::render::gl
 
 class State;
 
-/// What draws itself. RenderGraph sets up the OpenGL state and calls render; the context is
-/// current.
+/// A part of the picture that draws itself. RenderGraph sets the OpenGL state and calls render; the
+/// context is current.
 class Drawable : public Kelmar::Base::Referenced
 {
 public:

@@ -56,7 +56,7 @@ void Text::_forEachQuad(Action action) const
     action(Quad{glyph, {x0, y0, x1, y0, x1, y1, x0, y1}});
 
     pen += static_cast<float>(glyph->horizontalAdvance()) * Detail::labelScale;
-    // A pair's kerning is known once its second glyph stands, and moves the one after it.
+    // The kerning of a pair moves the glyph that follows the pair.
     if (previous != 0)
     {
       double kerningX = 0.0;

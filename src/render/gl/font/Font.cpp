@@ -42,7 +42,7 @@ void copyBitmap(const FT_Bitmap& bitmap, Glyph& glyph)
 Font::Font(FT_Face face) : _face(face), _kernings(std::size_t(256) * 256)
 {
   FT_Set_Char_Size(_face, 0, 1024, 300, 300);
-  // This is the size that counts.
+  // This call sets the size that is used; the one before it has no effect.
   FT_Set_Pixel_Sizes(_face, Detail::pixelSize, Detail::pixelSize);
 }
 

@@ -15,11 +15,11 @@ namespace orvex::render::gl
 {
 
 /// A face with its glyphs at 32 pixels, rendered as they are asked for. A character is one byte.
-/// Must die before FreeType::destroy().
+/// Must be deleted before FreeType::destroy().
 class Font : public Kelmar::Base::Referenced
 {
 public:
-  /// Takes the face over.
+  /// Takes the ownership of the face.
   explicit Font(FT_Face face);
   ~Font() noexcept(false) override;
 

@@ -48,7 +48,7 @@ Font* FreeType::createFont(const std::string& filename)
   {
     return nullptr;
   }
-  // The font owns the face only once it stands.
+  // The font owns the face only after its constructor has ended.
   std::unique_ptr<FT_FaceRec, FT_Error (*)(FT_Face)> guard(face, FT_Done_Face);
   Font* font = new Font(face);
   static_cast<void>(guard.release());

@@ -9,7 +9,7 @@ namespace orvex::render::gl
 {
 
 /// One rendered character: its coverage, its metrics in pixels, and its own alpha texture, made
-/// when first needed. The texture stays in its context until that ends.
+/// when first needed. The texture exists until its context ends.
 class Glyph : public Kelmar::Base::Referenced
 {
 public:

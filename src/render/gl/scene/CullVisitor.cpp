@@ -16,7 +16,7 @@ namespace
 
 // The last tenth of depth never gets a proxy.
 constexpr double greatestProxyFraction = 0.9;
-// A clade that fills this share of the viewport's height is always opened.
+// A clade that fills this share of the viewport's height is never shown as a proxy.
 constexpr double leastOpenShare = 0.25;
 
 } // namespace
@@ -63,6 +63,7 @@ double CullVisitor::_shareOfHeight(const Box2D& box) const
   const Vector3d low = _localToScreen * Vector3d(box.minimum.x, box.minimum.y, 0.0);
   const Vector3d high = _localToScreen * Vector3d(box.maximum.x, box.maximum.y, 0.0);
   const Viewport& viewport = _state->viewport();
+  // The height less y is how the rule defines it; all viewports here have a y of 0.
   return (high[1] - low[1]) / (double(viewport.height) - double(viewport.y));
 }
 
@@ -72,7 +73,7 @@ void CullVisitor::visit(RenderTaxonLabels& labels)
   {
     return;
   }
-  // Only rows are tested: a label left or right of the viewport stays, and OpenGL clips it.
+  // Only y is tested. A label at the left or right of the viewport is listed, and OpenGL clips it.
   const Viewport& viewport = _state->viewport();
   std::vector<Text*> shown;
   labels.findTextForLevel(_zoomLevel, *_state, viewport.y, viewport.height, shown);

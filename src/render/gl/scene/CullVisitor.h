@@ -13,8 +13,8 @@ namespace orvex::render::gl
 
 class RenderGraph;
 
-/// Decides for one frame what of a scene is seen and in how much detail, and lists it. Draws
-/// nothing and needs no context.
+/// Decides for one frame which parts of a scene are visible and in how much detail, and lists them.
+/// Draws nothing and needs no context.
 class CullVisitor : public Visitor
 {
 public:

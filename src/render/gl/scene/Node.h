@@ -8,7 +8,7 @@ namespace orvex::render::gl
 
 class Visitor;
 
-/// A node of the scene. Holds things that draw themselves, and never draws.
+/// A node of the scene. It holds drawables but does not draw them.
 class Node : public Kelmar::Base::Referenced
 {
 public:

@@ -10,8 +10,8 @@ class Node;
 class RenderNode;
 class RenderTaxonLabels;
 
-/// Walks a scene. This one goes everywhere and does nothing; a visitor overrides what it cares
-/// about, and calls traverse itself where the walk shall go on.
+/// Walks a scene. This class visits all nodes and does nothing with them. A derived class overrides
+/// the functions that it needs, and calls traverse itself to go on to the children.
 class Visitor : public Kelmar::Base::Referenced
 {
 public:

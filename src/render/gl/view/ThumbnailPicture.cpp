@@ -98,12 +98,12 @@ Box2D shownPart(const DrawingPass& mainPass)
   using Kelmar::Math::Vector3d;
   const Kelmar::Math::Matrix44d toWorld = inverseOrThrow(mainPass.computeLocalToScreenMatrix());
   const Viewport& area = mainPass.viewport;
-  // The far corner is not offset by the viewport's origin.
+  // The second corner is not moved by the viewport's origin: the rectangle is defined so.
   const Vector3d a = toWorld * Vector3d(area.x, area.y, 0.0);
   const Vector3d b = toWorld * Vector3d(area.width, area.height, 0.0);
   const double dx = b[0] - a[0];
   const double dy = b[1] - a[1];
-  // Not always b: the sum is rounded, and the corners that are drawn are defined by it.
+  // Not simply b: a + (b - a) is rounded and can differ from b, and the corners are defined by it.
   return {{a[0], a[1]}, {a[0] + dx, a[1] + dy}};
 }
 

@@ -18,8 +18,8 @@ class FrameBufferObject;
 class Image;
 class Texture2D;
 
-/// Drawing into a framebuffer object, for a scope. What the drawing changes of viewport, depth and
-/// line state is restored at its end.
+/// Directs all drawing into a framebuffer object until the end of the scope. Changes of viewport,
+/// depth and line state in between are undone there.
 class OffscreenDrawing : private boost::noncopyable
 {
 public:

@@ -31,10 +31,10 @@ using Kelmar::Math::Matrix44d;
 using Kelmar::Math::Vector3d;
 
 constexpr double thumbnailShare = 0.1;
-// Takes the unit square to the whole column, under the column's projection.
+// With the column's projection, this makes the unit square fill the whole column.
 const Vector3d thumbnailShift(-0.5, -0.5, -2.5);
 
-/// Whether labels are drawn, for one pass; true again at the end of the scope.
+/// Sets whether labels are drawn, for one pass; sets it to true at the end of the scope.
 class DrawTextGuard : private boost::noncopyable
 {
 public:
@@ -48,7 +48,8 @@ private:
   DisplaySettings& _settings;
 };
 
-/// Everything in high detail, for a scope; then the user's choice again.
+/// Has everything drawn in high detail until the end of the scope, then sets the user's choice
+/// again.
 class HighLodGuard : private boost::noncopyable
 {
 public:
@@ -83,7 +84,7 @@ ViewCladogram::ViewCladogram() : _batch(new Batch)
   glClearColor(0, 0, 0, 1);
 }
 
-// The thumbnail's OpenGL objects that are not deleted here die with the widget's context.
+// OpenGL objects of the thumbnail that are not deleted here are deleted with the widget's context.
 ViewCladogram::~ViewCladogram() noexcept(false)
 {
   _thumbnailTexture = nullptr;
@@ -134,7 +135,7 @@ void ViewCladogram::render()
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   if (!_mainViewport.empty())
   {
-    // First the thumbnail: a picture that has to be made is finished before the main area is drawn.
+    // The thumbnail comes first, so that its picture is finished before the main area is drawn.
     _renderThumbnailView(matrix);
     _renderMainView(matrix);
   }
@@ -146,7 +147,7 @@ void ViewCladogram::render()
 
 void ViewCladogram::_createThumbnailImage()
 {
-  // At once: without support for framebuffer objects there is no second try before the next resize.
+  // Set first: without support for framebuffer objects, the next try follows the next resize.
   _thumbnailDirty = false;
   if (!FrameBufferObject::isSupported())
   {
@@ -154,7 +155,7 @@ void ViewCladogram::_createThumbnailImage()
   }
   _thumbnailTextureId.remove();
   _frameBuffer = std::make_unique<FrameBufferObject>();
-  // A window of a few pixels has no column, and OpenGL no framebuffer without pixels.
+  // In a window of a few pixels the column is empty, and OpenGL allows no empty framebuffer.
   if (!_thumbnailViewport.empty())
   {
     _frameBuffer->attachTexture(_thumbnailTextureId, _thumbnailViewport.width,
@@ -185,7 +186,7 @@ void ViewCladogram::_drawThumbnailImage()
   }
   const boost::intrusive_ptr<Image> image(new Image);
   image->init(_thumbnailViewport.width, _thumbnailViewport.height, GL_RGBA);
-  // Uploads the pixels when it is first applied, which is after they are read.
+  // The texture uploads the pixels when it is first applied, which is after they are read here.
   _thumbnailTexture = new Texture2D(image);
   readThumbnailPicture(*image);
 }

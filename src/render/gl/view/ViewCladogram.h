@@ -21,9 +21,9 @@ class Texture2D;
 
 /// Shows one tree as a cladogram: a thumbnail column at the left, the main area right of it.
 ///
-/// The scene is built once for each tree; a frame chooses and draws. Constructor, render and
-/// destructor need the widget's context current, the other operations need none. While the main
-/// area has no width or no height, a frame is only cleared and navigation does nothing.
+/// The scene is built once for each tree; a frame chooses parts of it and draws them. Constructor,
+/// render and destructor need the widget's context current, the other operations need none. While
+/// the main area has no width or no height, a frame is only cleared and navigation does nothing.
 class ViewCladogram : public View
 {
 public:
