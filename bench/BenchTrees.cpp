@@ -15,7 +15,7 @@ namespace
 
 constexpr unsigned int seed = 20261;
 
-/// The latest thing that was made for a shape and a size.
+/// Keeps the value that was last made for a shape and a size.
 template <class T>
 class Latest
 {
@@ -25,7 +25,7 @@ public:
     const std::pair<TreeShape, unsigned int> wanted(shape, leaves);
     if (_key != wanted)
     {
-      _value = T(); // the old one goes before the new one comes
+      _value = T(); // released first, so that memory holds only one
       _value = make();
       _key = wanted;
     }

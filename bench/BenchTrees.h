@@ -29,9 +29,9 @@ inline unsigned int leavesOf(const benchmark::State& state)
   return static_cast<unsigned int>(state.range(0));
 }
 
-/// A thousand to a million leaves, and how the time grows with them.
+/// A thousand to a million leaves; also reports how the time grows with their number.
 void everySize(benchmark::internal::Benchmark* benchmark);
-/// A thousand to a hundred thousand: each leaf of a ladder is a level.
+/// A thousand to a hundred thousand leaves, since each leaf of a ladder adds a level.
 void ladderSizes(benchmark::internal::Benchmark* benchmark);
 
 } // namespace orvex::bench

@@ -1,6 +1,6 @@
-// One road of a file to the screen, in a process of its own, so that no page and no cache is warm:
-// cold-start.py runs it again and again. Prints one JSON object. Times are CPU milliseconds of our
-// own thread; the pixels of the sweep's frames are discarded before a software renderer fills them.
+// Opens and draws a file once, in a new process, so that no memory and no cache is in use before.
+// cold-start.py runs it many times. Prints one JSON object. Times are CPU milliseconds of the main
+// thread; in the sweep, OpenGL is told to discard the frames before it fills pixels.
 //
 //   cold-start stages FILE [MOST]   each step by itself, then a sweep over all zoom levels, or over
 //                                   so many of them at even distances, then closing
@@ -44,7 +44,7 @@ namespace
 using namespace orvex::render;
 using namespace orvex::render::gl;
 
-constexpr unsigned int width = 800; // the size of a first start
+constexpr unsigned int width = 800; // the size of the window at its first start
 constexpr unsigned int height = 600;
 constexpr Viewport mainArea{width / 10, 0, width - width / 10, height};
 
@@ -62,7 +62,7 @@ double peakMebibytes()
   return double(usage.ru_maxrss) / 1024.0;
 }
 
-/// Names the time since the last lap.
+/// Stores the time since the last lap under a name.
 class Laps
 {
 public:
@@ -118,7 +118,7 @@ void sweep(Group& root, CameraCladogram& camera, unsigned int most, nlohmann::js
   const unsigned int levels = camera.numberOfZoomLevels();
   const auto places = {0.0, 0.45, -0.2, -0.65};
   glEnable(GL_RASTERIZER_DISCARD);
-  // The driver compiles its shaders, and takes the glyphs' textures, with the first frames.
+  // In the first frames the driver compiles its shaders and receives the glyphs' textures.
   for (unsigned int i = 0; i <= 20; ++i)
   {
     zoomTo(camera, levels * i / 20);

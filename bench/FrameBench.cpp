@@ -1,5 +1,5 @@
-// Whole frames in a window. The column CPU is the time of our own thread; a software renderer fills
-// the pixels in threads of its own, for which the column Time waits.
+// Whole frames in a window. The column CPU is the time of the main thread. A software renderer
+// fills the pixels in threads of its own, and the column Time includes them.
 
 #include "render/gl/device/OpenGL.h"
 
@@ -22,8 +22,8 @@ using View = orvex::render::gl::ViewCladogram;
 constexpr int width = 1200;
 constexpr int height = 800;
 
-/// A window with a current context, and the view of the latest tree. They go in the order view,
-/// window, application, for each needs those after it.
+/// A window with a current context, and the view of the latest tree. They are destroyed in the
+/// order view, window, application, since each needs those after it.
 class Stage
 {
 public:
@@ -77,7 +77,7 @@ void draw(View& view)
   glFinish();
 }
 
-/// Frames that change nothing: the labels of the level and the thumbnail are there already.
+/// Frames without a change: the labels of the level and the thumbnail have been made before.
 void frame(benchmark::State& state)
 {
   View& view = viewOf(leavesOf(state), double(state.range(1)));
@@ -95,8 +95,8 @@ BENCHMARK(frame)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-/// A frame with the thumbnail's picture in its column, and with the column left black. Each in a
-/// view of its own, by a leaf more, since a picture that was made stays.
+/// A frame with the thumbnail's picture in its column, and one with a black column. The second uses
+/// a tree with one leaf more, and so another view, since a view keeps a picture once it is made.
 void frameOfThumbnail(benchmark::State& state)
 {
   View& view = viewOf(leavesOf(state) + static_cast<unsigned int>(state.range(1)), 0.0);
@@ -116,7 +116,7 @@ BENCHMARK(frameOfThumbnail)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-/// The first frame after a resize makes the thumbnail's picture, of every line of the tree.
+/// The first frame after a resize, which draws all lines of the tree for the thumbnail.
 void frameAfterResize(benchmark::State& state)
 {
   View& view = viewOf(leavesOf(state), 0.0);

@@ -1,5 +1,5 @@
-// Placing the nodes of a tree. The time includes letting the finished layout go, as the viewer
-// does.
+// Computes the layout of a tree. The time includes the release of the finished layout, as in the
+// viewer.
 
 #include "BenchTrees.h"
 #include "MemoryMeter.h"

@@ -12,11 +12,11 @@ class LoopbackServer
 public:
   LoopbackServer(const std::string& path, const std::string& body)
   {
-    setenv("no_proxy", "*", 1); // a proxy of the machine has no part in what is measured
+    setenv("no_proxy", "*", 1); // requests must not go through a proxy
     _server.Get(path, [body](const httplib::Request&, httplib::Response& response)
                 { response.set_content(body, "application/json"); });
     _thread = std::thread([this] { _server.listen_after_bind(); });
-    while (!_server.is_running()) // the port is open, but what does not run can't be stopped
+    while (!_server.is_running()) // a server that does not run yet can't be stopped
     {
       std::this_thread::yield();
     }

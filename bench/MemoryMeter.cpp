@@ -39,7 +39,7 @@ std::size_t difference(std::size_t later, std::size_t earlier)
 MemoryMeter::MemoryMeter()
 {
   malloc_trim(0);
-  std::ofstream("/proc/self/clear_refs") << "5"; // sets the peak back to what is in use
+  std::ofstream("/proc/self/clear_refs") << "5"; // sets the peak to what is in use now
   _start = Detail::statusBytes("VmRSS:");
 }
 

@@ -7,16 +7,16 @@
 namespace orvex::bench
 {
 
-/// How much memory something takes: the resident set now, and its peak from here on.
+/// Measures memory: the resident set of the process, and its highest value since the constructor.
 class MemoryMeter
 {
 public:
-  /// Gives free memory back to the system first, so that its reuse counts too.
+  /// First gives free memory back to the system, so that using it again is counted.
   MemoryMeter();
 
-  /// Most bytes in use at a time since the start, beyond those in use at the start.
+  /// The most bytes in use at one time since the start, less those in use at the start.
   std::size_t peak() const;
-  /// Bytes in use now, beyond those at the start.
+  /// The bytes in use now, less those in use at the start.
   std::size_t now() const;
 
   /// Adds both as counters, in bytes for each leaf.

@@ -1,4 +1,5 @@
-// What is done once for each tree, once for each zoom level, and in each frame, without drawing.
+// The work that is done once for each tree, once for each zoom level and in each frame, without
+// drawing.
 
 #include "BenchTrees.h"
 #include "MemoryMeter.h"
@@ -42,7 +43,7 @@ boost::intrusive_ptr<gl::Group> randomScene(unsigned int leaves)
   return scene;
 }
 
-/// A window of 1200 x 800 pixels, zoomed in by a share of what is possible, in percent.
+/// What is seen in a window of 1200 x 800 pixels. The zoom is given in percent of its range.
 struct Look
 {
   Look(unsigned int leaves, double percent) : camera(new CameraCladogram)
@@ -58,7 +59,7 @@ struct Look
   boost::intrusive_ptr<gl::State> state;
 };
 
-/// Layout, scene and labels of a new tree, and letting all of them go.
+/// Layout, scene and labels of a new tree, and the release of all of them.
 void buildScene(benchmark::State& state, TreeShape shape)
 {
   {
@@ -74,13 +75,13 @@ void buildScene(benchmark::State& state, TreeShape shape)
 }
 ORVEX_BENCHMARK_SHAPES(buildScene);
 
-/// A level that was not met before.
+/// The labels of a zoom level that is shown for the first time.
 void thinLabels(benchmark::State& state)
 {
   const auto scene = randomScene(leavesOf(state));
   auto& labels = dynamic_cast<gl::RenderTaxonLabels&>(*scene->children().at(0));
   const Look look(leavesOf(state), double(state.range(1)));
-  static unsigned int level = 1'000'000; // beyond those of any camera here
+  static unsigned int level = 1'000'000; // higher than the levels of all cameras here
   for (auto _ : state)
   {
     benchmark::DoNotOptimize(labels.getOrCreateTextForLevel(++level, *look.state));
@@ -93,7 +94,7 @@ BENCHMARK(thinLabels)
     ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {0, 5, 100}})
     ->Unit(benchmark::kMillisecond);
 
-/// The choice of one frame, at a level whose labels are thinned already.
+/// The culling of one frame, at a level whose labels have been thinned before.
 void cull(benchmark::State& state)
 {
   const auto scene = randomScene(leavesOf(state));

@@ -1,5 +1,6 @@
-// A tree of the tree service, beside the same tree as a Newick file: downloaded, parsed and built.
-// The server runs in this process; the column CPU is the time of our own thread, the viewer's.
+// A tree of the tree service, downloaded, parsed and built, to compare with the same tree in a
+// Newick file. The server runs in this process; the column CPU is the time of the main thread
+// alone.
 
 #include "BenchTrees.h"
 #include "LoopbackServer.h"

@@ -1,4 +1,4 @@
-// Reading Newick trees, and the questions that are asked of a whole tree.
+// Reads Newick trees, and calls the functions that walk over a whole tree.
 
 #include "BenchTrees.h"
 #include "MemoryMeter.h"

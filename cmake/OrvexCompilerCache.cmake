@@ -1,4 +1,4 @@
-# Compiles through ccache where it is installed: a fresh clone then builds in seconds.
+# Compiles with ccache if it is installed: another clone of the same sources then builds in seconds.
 find_program(ORVEX_CCACHE ccache)
 mark_as_advanced(ORVEX_CCACHE)
 if(ORVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)

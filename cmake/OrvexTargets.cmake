@@ -20,18 +20,18 @@ if(ORVEX_FUZZ)
 elseif(ORVEX_SANITIZE)
   target_compile_options(orvex_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
-    # GoogleMock's library has no type information of the kind that this check compares.
+    # This check needs type information that GoogleMock's library does not have.
     -fno-sanitize=vptr)
   target_link_options(orvex_flags INTERFACE -fsanitize=address,undefined)
 else()
-  # As Debian builds its own programs: checked C functions, stack protector, full RELRO (and PIE).
+  # The flags of Debian's own programs: checked C functions, stack protector, full RELRO (and PIE).
   target_compile_options(orvex_flags INTERFACE
     -fstack-protector-strong $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
   target_link_options(orvex_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
 
-# A large tree is some forty million allocations. mimalloc makes them in three quarters of the time
-# and nine tenths of the memory that libc takes; the sanitizers bring an allocator of their own.
+# A large tree takes some forty million allocations. mimalloc needs three quarters of the time and
+# nine tenths of the memory of libc's allocator for them. The sanitizers have their own allocator.
 add_library(orvex_allocator INTERFACE)
 if(NOT ORVEX_SANITIZE AND NOT ORVEX_FUZZ)
   find_package(mimalloc 2.0 REQUIRED)

@@ -1,4 +1,4 @@
-// Both forms of a value take the same texts: those that the parser below them takes.
+// Both forms of a value accept the same texts: those that the parser that they use accepts.
 #include "Require.h"
 #include "compat/json_spirit.h"
 

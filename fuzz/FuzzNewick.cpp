@@ -1,4 +1,4 @@
-// Any bytes are a tree, no tree, or one of the reader's documented exceptions.
+// Any bytes give a tree, no tree, or one of the reader's documented exceptions.
 #include "Require.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
@@ -11,7 +11,7 @@
 namespace
 {
 
-// Each node is the child of one other at most, and children are newer than their parents.
+// Each node is the child of one other node at most, and a child has a greater id than its parent.
 void checkRelations(orvex::Tree& tree)
 {
   std::vector<bool> isChild(tree.getNumberOfNodes());

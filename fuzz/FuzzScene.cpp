@@ -1,5 +1,5 @@
-// Whatever tree the reader makes of any bytes: it can be laid out, built, and culled in any view,
-// and nothing counted stays behind.
+// Each tree that the reader makes from any bytes can be laid out, built into a scene and culled in
+// any view, and afterwards no counted object is left.
 #include "Require.h"
 #include "foundation/counted/InstanceManager.h"
 #include "render/CameraCladogram.h"

@@ -1,4 +1,4 @@
-// Any body of the tree service is a list, a tree, or one of the documented exceptions.
+// Any body of the tree service gives a list, a tree, or one of the documented exceptions.
 #include "Require.h"
 #include "tree/JsonTree.h"
 #include "tree/JsonTreeList.h"

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the process, which the fuzzer takes for a finding, unless a property holds.
+/// Aborts the process if a property does not hold. The fuzzer reports that as a finding.
 inline void require(bool holds, const char* property)
 {
   if (!holds)

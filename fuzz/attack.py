@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Asks the tree service for SECONDS in every wrong way, from many sides at once; then it has to
-answer a good question, to have kept its memory small, and to end well.
+"""Sends wrong requests of many kinds to the tree service for SECONDS, from several clients at a time.
+Afterwards the service must answer a correct request, use little memory and end without an error.
 Usage: attack.py ORVEX-TREE-SERVICE SECONDS"""
 
 import contextlib
@@ -26,7 +26,7 @@ ATTACKS = [b"GET /" + b"a" * 1_000_000 + b" HTTP/1.1\r\n\r\n",
 
 
 def attack(port, end, chance):
-    """One side: a request byte by byte, or all at once, with or without taking the answer."""
+    """One client: sends a request byte by byte or at once, and reads the answer or does not."""
     while time.monotonic() < end:
         with contextlib.suppress(OSError), \
                 socket.create_connection(("127.0.0.1", port), 5) as connection:

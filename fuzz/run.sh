@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Runs fuzzers, two at a time: run.sh BIN_FOLDER WORK_FOLDER SECONDS [TARGET ...]. What a run learns
-# stays in the work folder for the next one, and a finding lies there as crash-*, leak-* or timeout-*.
+# Runs fuzzers, two at a time: run.sh BIN_FOLDER WORK_FOLDER SECONDS [TARGET ...]. The inputs that a
+# run collects stay in the work folder for the next run. An input that makes a fuzzer fail is written
+# there as crash-*, leak-* or timeout-*.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 export UBSAN_OPTIONS=print_stacktrace=1

@@ -1,4 +1,5 @@
-"""The programs are built as Debian builds its own: hardening.py COMPILE_COMMANDS PROGRAM ..."""
+"""Checks that the programs are built with the hardening flags that Debian uses for its own.
+Usage: hardening.py COMPILE_COMMANDS PROGRAM ..."""
 
 import json
 import subprocess

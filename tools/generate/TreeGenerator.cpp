@@ -73,7 +73,7 @@ std::vector<TreeGenerator::Node> TreeGenerator::_grow(TreeShape shape, unsigned 
 {
   std::vector<Node> nodes(1);
   nodes.reserve(std::size_t(2) * leaves);
-  std::vector<unsigned int> open{0}; // the leaves so far
+  std::vector<unsigned int> open{0}; // the present leaves
   open.reserve(leaves);
   do
   {
@@ -166,7 +166,7 @@ void TreeGenerator::_write(std::ostream& out, const std::vector<Node>& nodes, bo
 
 void TreeGenerator::_writeName(std::string& text)
 {
-  // Five bits for each syllable, the rest for the number.
+  // Five bits choose each syllable, the others the number.
   unsigned int bits = static_cast<unsigned int>(_random());
   const std::size_t start = text.size();
   for (int i = 0; i < 4; ++i, bits >>= 5)

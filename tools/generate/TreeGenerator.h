@@ -11,18 +11,18 @@ namespace orvex::tools
 
 enum class TreeShape
 {
-  Random,   ///< a random leaf forks in two, again and again: the trees that pure birth gives
-  Balanced, ///< every level full before the next one begins
-  Ladder,   ///< one leaf beside all the rest, on every level
-  Star,     ///< all leaves hang on the root
+  Random,   ///< a random leaf divides in two, again and again: the trees of a pure birth process
+  Balanced, ///< a level is full before the next one begins
+  Ladder,   ///< on every level one leaf, and one node with all other leaves
+  Star,     ///< all leaves are children of the root
   Polytomy  ///< a random leaf divides into 2 to 50
 };
 
 /// \throws std::invalid_argument  for a word that names no shape
 TreeShape shapeFromName(const std::string& name);
 
-/// Makes trees up: the same seed gives the same text on every machine. Time and memory are linear
-/// in the number of leaves, and no shape is too deep for it.
+/// Generates trees: the same seed gives the same text on every machine. Time and memory are linear
+/// in the number of leaves. Uses no recursion, so a tree may have any depth.
 class TreeGenerator
 {
 public:
@@ -54,7 +54,7 @@ private:
   unsigned int _chooseChildren(TreeShape shape, unsigned int most);
   void _write(std::ostream& out, const std::vector<Node>& nodes, bool withLengths);
   void _writeName(std::string& text);
-  /// Below \p limit. The distributions of the standard library differ from one to the next.
+  /// Below \p limit. The distributions of the standard library are not the same on all systems.
   unsigned int _below(unsigned int limit) { return static_cast<unsigned int>(_random() % limit); }
 
   std::mt19937 _random;

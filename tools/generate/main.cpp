@@ -1,4 +1,4 @@
-// Writes a made-up tree in Newick form to the standard output.
+// Writes a generated tree in Newick form to the standard output.
 
 #include "generate/TreeGenerator.h"
 

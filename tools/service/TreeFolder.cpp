@@ -84,7 +84,7 @@ boost::shared_ptr<Tree> TreeFolder::tree(const std::string& id) const
 
 boost::shared_ptr<Tree> TreeFolder::_read(const boost::filesystem::path& file) const
 {
-  // Asked each time, since what a name leads to can change while the service runs.
+  // Checked for each request, since a link can change while the service runs.
   const boost::filesystem::path real = boost::filesystem::canonical(file);
   const auto [folderEnd, place] =
       std::mismatch(_folder.begin(), _folder.end(), real.begin(), real.end());
@@ -92,7 +92,7 @@ boost::shared_ptr<Tree> TreeFolder::_read(const boost::filesystem::path& file) c
   {
     throw std::runtime_error("it leads out of the folder");
   }
-  // Reading a pipe would never end.
+  // Only regular files: reading a pipe could wait forever.
   if (!boost::filesystem::is_regular_file(real))
   {
     throw std::runtime_error("it is no regular file");

@@ -17,12 +17,12 @@ namespace orvex::service
 
 /// The Newick files (".tre", ".nwk") that lie directly in a folder, as they were at the start.
 ///
-/// A file's id is its place among their sorted names, from 1. Files that can't be read have no row
-/// but keep their number. Only files inside the folder count: a link that leads out does not.
+/// A file's id is its place in the sorted list of names, from 1. A file that can't be read is not
+/// listed but keeps its number. A link to a file outside the folder is ignored.
 class TreeFolder
 {
 public:
-  /// Reads each file once, to know that it is a tree.
+  /// Reads each file once, to find out whether it is a tree.
   /// \param warnings  gets a line for each file left out
   /// \throws std::runtime_error  if there is no such folder or it can't be read
   TreeFolder(const std::string& folder, std::ostream& warnings);
@@ -33,7 +33,7 @@ public:
   /// The answer to a request for the list, in JSON.
   std::string list() const;
 
-  /// Reads a file anew.
+  /// Reads a file again.
   /// \param id  in decimal, as a request gives it
   /// \return null if no listed file has that id
   /// \throws std::exception  if the file can't be read any more

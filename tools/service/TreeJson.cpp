@@ -18,7 +18,7 @@ std::string toJson(const std::string& text)
 std::string toJson(const Tree& tree)
 {
   std::string json = "{\"root\":";
-  // For each node whose "children" are being written: those still to come.
+  // For each node whose "children" are being written: the children that are not written yet.
   std::vector<std::pair<Tree::ChildIterator, Tree::ChildIterator>> open;
   const auto begin = [&](int id)
   {

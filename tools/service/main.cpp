@@ -1,4 +1,4 @@
-// Serves the Newick files of a folder as the tree service that the viewer asks.
+// A tree service for the viewer: serves the Newick files of a folder.
 
 #include "service/TreeFolder.h"
 #include "service/TreeJson.h"
@@ -22,7 +22,7 @@ namespace
 
 using orvex::service::TreeFolder;
 
-// Loopback only: no one else on the network is served.
+// The loopback address: other machines of the network can't connect.
 const char* const address = "127.0.0.1";
 const char* const usage = "usage: orvex-tree-service [--port 14444] FOLDER";
 
@@ -94,7 +94,7 @@ void serve(const TreeFolder& folder, const httplib::Request& request, httplib::R
   {
     return answerError(response, 405, "Only GET is known here.");
   }
-  // The library would repeat the body for each of a thousand ranges.
+  // The library would send the body again for each range of a request, for a thousand of them too.
   if (!request.ranges.empty())
   {
     return answerError(response, 416, "Ranges are not served.");
@@ -133,14 +133,15 @@ void listenOn(httplib::Server& server, int port)
 
 void configure(httplib::Server& server, const TreeFolder& folder)
 {
-  // A client that sends or takes nothing for so many seconds is hung up on.
+  // The connection is closed if a client sends or takes nothing for so many seconds.
   server.set_read_timeout(5);
   server.set_write_timeout(5);
   server.new_task_queue = [] { return new httplib::ThreadPool(32); };
   server.set_payload_max_length(std::size_t(64) * 1024);
-  // One request for each connection, so that a body no one reads is not taken for a request.
+  // One request for each connection: a body that is not read can't be taken for the next request.
   server.set_keep_alive_max_count(1);
-  // Before the library's routes, which match regular expressions on whatever a client sends.
+  // Called before the library's own routes, which match regular expressions on any text of a
+  // client.
   server.set_pre_routing_handler(
       [&](const httplib::Request& request, httplib::Response& response)
       {
@@ -159,10 +160,11 @@ void configure(httplib::Server& server, const TreeFolder& folder)
 
 void stop(httplib::Server& server, const std::atomic<bool>& ended)
 {
-  // The server waits for requests at work; a client that sends byte by byte can't hold it for long.
+  // The server waits for the requests that are being answered. A client that sends byte by byte
+  // can't delay this for long.
   std::signal(SIGALRM, [](int) { _exit(0); });
   alarm(10);
-  // Until it runs it can't be stopped.
+  // A server that does not run yet can't be stopped.
   while (!server.is_running() && !ended)
   {
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -178,7 +180,7 @@ void run(const Options& options)
   const TreeFolder folder(options.folder, std::cerr);
   configure(server, folder);
 
-  // Blocked in all threads to come; this one waits for them.
+  // The signals are blocked in all threads that are started later; this thread waits for them.
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGINT);

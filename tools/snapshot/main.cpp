@@ -1,4 +1,5 @@
-// Draws a tree file as the viewer does and writes the picture. Needs a display, if a virtual one.
+// Draws a tree file as the viewer does and writes the picture. Needs a display, which may be
+// virtual.
 
 #include "gui/Viewer.h"
 #include "gui/qt/ImageFile.h"
@@ -29,7 +30,8 @@ using Tools::Qt::text;
 
 const char* const usage =
     "usage: orvex-snapshot TREE IMAGE [--size WxH] [--zoom Z] [--pan Y] [--all]";
-// Beyond this, the buffers of a frame with its samples no longer fit into usual memories.
+// With more pixels the buffers of a frame, which have four samples for each, are too large for
+// usual memories.
 constexpr int largestSide = 8192;
 constexpr qint64 millisecondsForWindow = 10000;
 
@@ -117,7 +119,7 @@ boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
   return document->getTree();
 }
 
-/// What is not on the screen has no pixels that can be read back.
+/// A window that is not on the screen has no pixels that can be read.
 void showAndWait(QWidget& window)
 {
   window.show();
@@ -135,7 +137,7 @@ void showAndWait(QWidget& window)
 
 QImage draw(const Request& request, boost::shared_ptr<orvex::Tree> tree)
 {
-  // A window manager would keep a window smaller than the screen.
+  // A window manager would make a window larger than the screen smaller.
   QWidget window(nullptr, Qt::X11BypassWindowManagerHint | Qt::FramelessWindowHint);
   window.setFixedSize(request.size);
   Lumbra::Viewer viewer(&window);
@@ -144,7 +146,7 @@ QImage draw(const Request& request, boost::shared_ptr<orvex::Tree> tree)
   viewer.updateScene();
   viewer.settings()->alwaysUseHighLod(request.all);
   showAndWait(window);
-  // The size of the window set the limits of the zoom.
+  // Only now, since the limits of the zoom depend on the size of the window.
   viewer.camera()->zoomByAmount(request.zoom - viewer.camera()->zoom());
   viewer.camera()->pan(0.0, request.pan);
   return viewer.picture();
@@ -163,7 +165,7 @@ void write(const QImage& picture, const std::string& name)
   }
 }
 
-// A display that can't be reached ends a Qt program by an abort.
+// If the display can't be reached, Qt writes a fatal message and aborts the program.
 void handleMessage(QtMsgType type, const QMessageLogContext&, const QString&)
 {
   if (type == QtFatalMsg)
@@ -187,7 +189,7 @@ void run(int argc, char** argv)
     return;
   }
   const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
-  // Qt has options of its own, which are none of this program's.
+  // Qt would take some arguments for options of its own.
   int one = 1;
   const QApplication application(one, argv);
   write(draw(request, tree), request.image);
