@@ -4,8 +4,9 @@
 //
 //   cold-start stages FILE [MOST]   each step by itself, then a sweep over all zoom levels, or over
 //                                   so many of them at even distances, then closing
-//   cold-start whole FILE    file to first frame as the viewer does it, thumbnail included
-//   cold-start floor FILE MIB   read the file, count its structural characters, touch that memory
+//   cold-start whole FILE    from the file to the first frame as the viewer does it, with thumbnail
+//   cold-start floor FILE MIB   what no program can do without: reads the file, counts its
+//                               structural characters, writes to that much memory
 
 #include "render/gl/device/OpenGL.h"
 
@@ -110,8 +111,8 @@ void zoomTo(CameraCladogram& camera, unsigned int level)
   camera.zoomByAmount(camera.maximumZoom() * (level + 0.5) / camera.numberOfZoomLevels() - 1.0);
 }
 
-/// The worst frame over all levels, or over \p most of them, at four places of the tree, and what a
-/// frame takes that meets its level first: half of them, and at worst.
+/// Measures the slowest frame of all zoom levels, or of \p most of them, at four places of the
+/// tree, and the frames that are the first of their level: their median, and the slowest.
 void sweep(Group& root, CameraCladogram& camera, unsigned int most, nlohmann::json& result)
 {
   const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);

@@ -16,9 +16,9 @@ LayoutInfo2D::LayoutInfo2D(unsigned int numberOfNodes)
 
 NodeLayoutInfo& LayoutInfo2D::layoutInfoForNode(int node)
 {
-  // A negative id becomes one beyond any vector.
+  // A negative id becomes an index that is too large for any vector.
   NodeLayoutInfo* record = _nodes.at(static_cast<std::size_t>(node)).get();
-  return record ? *record : throw std::out_of_range("The record of this node was let go.");
+  return record ? *record : throw std::out_of_range("The record of this node was released.");
 }
 
 } // namespace orvex::render

@@ -10,17 +10,17 @@
 namespace orvex::render
 {
 
-/// The result of a layout: a record for each node id of a tree. Lives until the scene is built.
+/// The result of a layout: a record for each node id of a tree. It exists until the scene is built.
 class LayoutInfo2D : public Kelmar::Base::Referenced
 {
 public:
   explicit LayoutInfo2D(unsigned int numberOfNodes);
 
   /// \return the node's record, owned by this object
-  /// \throws std::out_of_range  for an id that is no node, or whose record was let go
+  /// \throws std::out_of_range  for an id that is no node, or whose record was released
   NodeLayoutInfo& layoutInfoForNode(int node);
 
-  /// Lets go the record of a node that is not asked for again.
+  /// Releases the record of a node, which must not be asked for again.
   void release(int node) { _nodes.at(static_cast<std::size_t>(node)) = nullptr; }
 
 private:

@@ -10,8 +10,7 @@ namespace Detail
 namespace
 {
 
-// In quotes, as a blank at the end is a frequent reason. A whole clade may stand there, so it is
-// cut.
+// In quotes, since a blank at the end is a frequent reason. Cut, since it may be a whole clade.
 std::string shown(const std::string& text)
 {
   constexpr std::size_t most = 60;
@@ -24,7 +23,7 @@ std::string shown(const std::string& text)
   return out + (text.size() > most ? "..." : "") + "\"";
 }
 
-// Other readers of Newick know quotes and comments, so a file may count on them.
+// Other Newick readers accept quotes and comments, so a file may have them.
 bool hasQuoteOrComment(const std::string& item)
 {
   const std::size_t start = item.find_first_not_of(" \t\r");

@@ -8,19 +8,19 @@
 namespace orvex
 {
 
-/// A branch length of a Newick text is no number. Says what stands there instead, and where.
+/// Thrown if a branch length of a Newick text is no number. Says which text was found, and where.
 class BadBranchLength : public boost::bad_lexical_cast
 {
 public:
-  /// \param item  name, ":" and length, as they stand in the text
+  /// \param item  name, ":" and length, as in the text
   explicit BadBranchLength(const std::string& item);
 
-  /// What stands in place of the number.
+  /// The text that is no number.
   const std::string& length() const { return _length; }
 
   /// Where the length begins, in bytes from the start of the text.
   std::size_t offset() const { return _offset; }
-  /// The same for the user. Lines, and the bytes of a line, are counted from 1.
+  /// Sets the place, for the user as a line and a byte of that line, both counted from 1.
   void place(std::size_t offset, std::size_t line, std::size_t column);
 
   const char* what() const noexcept override { return _text.c_str(); }

@@ -22,8 +22,8 @@ namespace Detail
 namespace
 {
 
-// The number that boost::lexical_cast gives, without the stream that it builds for each. The plain
-// forms are those on which the two agree; all else, errors included, is left to lexical_cast.
+// The number that boost::lexical_cast gives, but faster. For numbers of these characters the two
+// give the same value; all other texts, and all errors, are left to lexical_cast.
 // False if the text is no number.
 bool toDistance(std::string_view text, double& value)
 {
@@ -46,8 +46,8 @@ bool isStructural(char c)
   return c == '(' || c == ')' || c == ',';
 }
 
-// The number of nodes that the steps below make of a text: one for each "(", and one for each ","
-// or ")" that ends a leaf, which is one that no ")" came before.
+// The number of nodes that the reader makes of a text: one for each "(", and one for each "," or
+// ")" that ends a leaf. An item ends a leaf if its last structural character was no ")".
 std::size_t countNodes(const std::string& contents)
 {
   std::size_t nodes = 0;
@@ -73,9 +73,9 @@ std::string readLines(const std::string& filename)
   {
     throw std::runtime_error("Could not open file.");
   }
-  // A stream keeps to itself what went wrong, unless it is asked to throw.
+  // So that a read error throws; without this the stream only stops.
   in.exceptions(std::ios_base::badbit);
-  // By pieces and not by lines: a tree is mostly one line, which would be in memory twice.
+  // In pieces and not in lines: most trees are one line, which would be in memory twice.
   std::array<char, 65536> piece;
   while (in.read(piece.data(), piece.size()) || in.gcount() > 0)
   {
@@ -90,7 +90,7 @@ std::string readLines(const std::string& filename)
   return contents;
 }
 
-// What was read so far is no tree to show if the disk breaks or memory runs out.
+// After a read error, or without memory, the text is only a part of the tree and is not used.
 std::string read(const std::string& filename)
 {
   try
@@ -107,8 +107,8 @@ std::string read(const std::string& filename)
   }
 }
 
-// Where the length begins that ends before a position. Only a "(" can stand in an item and be no
-// part of its text.
+// The begin of a length that ends before a position. An item may contain "(", which are no part of
+// its text.
 std::size_t beginOfLength(const std::string& contents, std::size_t end, std::size_t size)
 {
   std::size_t begin = end;
@@ -120,7 +120,7 @@ std::size_t beginOfLength(const std::string& contents, std::size_t end, std::siz
   return begin;
 }
 
-// The lines are counted in the file again: that costs nothing as long as all is well.
+// Reads the file again to count its lines, so that reading a correct file takes no time for it.
 void placeInFile(BadBranchLength& error, const std::string& filename)
 {
   std::ifstream in(filename, std::ios_base::in);

@@ -28,7 +28,7 @@ class NewickReader
 public:
   /// \return the tree, or null if the file has no "("
   /// \throws boost::filesystem::filesystem_error  if there is no such file
-  /// \throws std::runtime_error  if it can't be opened or read, or a "," or ")" stands outside
+  /// \throws std::runtime_error  if it can't be opened or read, or a "," or ")" is outside
   /// \throws BadBranchLength, a boost::bad_lexical_cast, if a branch length is no number
   /// \throws std::logic_error  if an earlier text of this reader was not complete
   boost::shared_ptr<Tree> operator()(const std::string& filename);
@@ -49,7 +49,7 @@ private:
   std::string _token;
   std::size_t _expectedNodes = 0;
   int _depth = 0;
-  // The last structural character was a ")": the token in hand labels the node just closed.
+  // The last structural character was a ")": the current token names the node just closed.
   bool _childClosed = false;
 };
 

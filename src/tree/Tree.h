@@ -24,7 +24,7 @@ public:
   struct VertexProperty
   {
     std::string name;
-    /// Length of the branch to the parent. 0.0 stands for none, given or not.
+    /// Length of the branch to the parent; 0.0 for none, and for a given 0.0.
     double distanceToParent = 0.0;
   };
 
@@ -38,7 +38,7 @@ public:
   Tree() = default;
   virtual ~Tree() = default;
 
-  /// Makes room, so that so many nodes are created without moving those that are there.
+  /// Allocates memory for so many nodes, so that creating them moves no other nodes.
   /// \throws std::length_error  if an id can't count so many
   void reserve(std::size_t numberOfNodes);
   /// \return the id of a new node without name, distance and children

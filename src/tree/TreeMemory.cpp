@@ -14,8 +14,8 @@ namespace Detail
 namespace
 {
 
-// Measured in the whole program with ten million leaves: the most that is in use until the first
-// frame stands, beside the tree. Of other shapes than binary trees none takes more for a node.
+// Measured in the whole program with ten million leaves: the most memory in use until the first
+// frame is drawn, without the tree. Trees that are not binary take less for each node.
 constexpr std::size_t bytesPerNode = 320;
 
 std::string inGibibytes(std::size_t bytes)

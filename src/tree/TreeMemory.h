@@ -5,14 +5,14 @@
 namespace orvex
 {
 
-/// Bytes of memory that it takes to lay out and show a tree, beside those that the tree itself has.
+/// Bytes of memory that are needed to lay out and show a tree, without those of the tree itself.
 std::size_t memoryToShow(unsigned int numberOfNodes);
 
-/// Bytes of memory that the machine can give at present, swap space included. Where it can't be
-/// told, there is no limit.
+/// Bytes of memory that the machine can give at present, swap space included. If that is not known,
+/// the result is the largest number.
 std::size_t availableMemory();
 
-/// Refuses a tree that would make the system end the program for want of memory.
+/// Refuses a tree for which the memory is too small: the system would kill the program.
 /// \throws std::runtime_error  if the nodes take more than \p available bytes
 void requireMemory(unsigned int numberOfNodes, std::size_t available = availableMemory());
 

@@ -15,7 +15,7 @@ namespace
 {
 
 constexpr unsigned int mostChildren = 50;
-// Text goes out in pieces of this many bytes.
+// The text is written in pieces of this many bytes.
 constexpr std::size_t blockSize = 65536;
 
 constexpr std::array<const char*, 32> syllables{

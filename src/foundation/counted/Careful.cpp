@@ -122,7 +122,7 @@ void Careful::ref()
           "Error 3162870490: " + _describe() +
           ", attempting to reference an object that has been marked for deletion");
     }
-    // Only now is the most derived type known: during construction it was the base's.
+    // The most derived type is known only now: in the constructor, the type was that of the base.
     ::Helper::instanceManager.storeType(*this, shard);
   }
   ++_refCount;

@@ -7,13 +7,13 @@ namespace Kelmar::Base::Ref
 
 /// A reference count that notices misuse: the root of every class held by boost::intrusive_ptr.
 ///
-/// Objects are made with new and die by the unref that drops their last reference. While an object
-/// lives it is registered with Helper::instanceManager: with an empty type name at first, with its
-/// own from the first reference on. Misuse is a std::runtime_error with a numbered text; a
+/// Objects are made with new and deleted by the unref that drops their last reference. While an
+/// object exists it is registered with Helper::instanceManager: with an empty type name at first,
+/// with its own from the first reference on. Misuse is a std::runtime_error with a numbered text; a
 /// destructor can't throw, so it reports on std::cout. Safe for several threads: a fixed number of
 /// locks, which the manager owns, guards the counts of all objects.
 ///
-/// Aligned as memory is that new gives, so that the manager's record is small.
+/// The alignment is that of memory from new, which keeps the manager's record small.
 class alignas(16) Careful
 {
 public:
@@ -48,8 +48,8 @@ private:
   void _delete();
 
   // Guarded by the lock of the manager's shard, which also knows whether the object is being
-  // deleted. The largest tree has more than a hundred million of these objects: nothing else may
-  // stand here.
+  // deleted. The largest tree has more than a hundred million of these objects: no other member may
+  // be added.
   unsigned long _refCount = 0;
 };
 

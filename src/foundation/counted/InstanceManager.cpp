@@ -50,12 +50,12 @@ InstanceManager::~InstanceManager()
 
 void InstanceManager::storeType(const Kelmar::Base::Ref::Careful& object, InstanceShard& shard)
 {
-  // A class has one name, so its objects need not be asked again and again.
+  // All objects of a class have the same name, so only the first one is asked.
   const std::type_info* type = &typeid(object);
   auto& place =
       _named[reinterpret_cast<std::uintptr_t>(type) / alignof(std::type_info) % _named.size()];
-  // The caller holds the object by a plain pointer until its first reference stands, so that an
-  // exception here would leave it behind. A name only serves reports.
+  // Until its first reference is counted, the caller holds the object by a plain pointer, so that
+  // an exception here would leak it. The name is needed for reports only.
   try
   {
     if (place.load(std::memory_order_relaxed) != type)

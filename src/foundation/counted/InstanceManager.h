@@ -23,9 +23,9 @@ namespace Helper
 /// Knows every counted object alive, with its type's name, and lists on stderr those that are left
 /// when the program ends.
 ///
-/// Names are kept once for each type. The objects are known by shards, each with a lock that also
-/// guards their counts: an object with a lock of its own would be some times as large. The order
-/// by address, which only the report needs, is made when it is asked for.
+/// Names are kept once for each type. The objects are registered in shards, each with a lock that
+/// also guards their counts: with a lock in each object, the objects would be several times as
+/// large. The order by address is needed only for the report and made then.
 class InstanceManager : private boost::noncopyable
 {
 public:
@@ -43,7 +43,7 @@ public:
   /// Stores the object's typeName() in its shard, whose lock the caller holds; without memory for
   /// it the name stays empty.
   void storeType(const Kelmar::Base::Ref::Careful& object, InstanceShard& shard);
-  /// What the objects of a class gave as typeName(); empty if none was stored.
+  /// The typeName() of the objects of a class; empty if none was stored.
   std::string nameOf(const std::type_info& type) const;
 
   std::size_t numberOfObjects() const;
@@ -56,7 +56,7 @@ private:
   std::array<InstanceShard, 64> _shards;
   std::map<const std::type_info*, std::string> _typeNames;
   mutable boost::mutex _typeNamesMutex;
-  // Types whose name is stored, each in a place by its address, so that most objects need not take
+  // Types whose name is stored, found by the address of the type, so that most objects do not need
   // the lock of the names.
   std::array<std::atomic<const std::type_info*>, 256> _named{};
 };

@@ -53,7 +53,7 @@ void InstanceShard::list(States& states) const
   }
 }
 
-// Memory is only needed for an object that is new.
+// Only a new object can need memory.
 InstanceShard::Chunk& InstanceShard::_chunk(const Careful& object)
 {
   const std::uintptr_t number = _addressOf(object) >> _chunkBits;

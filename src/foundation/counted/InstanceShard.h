@@ -18,11 +18,11 @@ class Careful;
 namespace Helper
 {
 
-/// The counted objects alive in a share of the address space, and the lock of their counts.
+/// The counted objects that exist in a part of the address space, and the lock of their counts.
 ///
-/// A large tree has millions of counted objects, so that nothing of the record stands in the
-/// objects: two bits for each 16 bytes of memory say whether an object starts there and how far
-/// its life has gone. The lock is the caller's to take, before any other operation.
+/// A large tree has millions of counted objects, so the record takes no room in the objects: two
+/// bits for each 16 bytes of memory say whether an object starts there, and its state. The caller
+/// must hold the lock during every operation.
 class InstanceShard : private boost::noncopyable
 {
 public:
@@ -36,7 +36,7 @@ public:
   /// In the order of the addresses.
   using States = std::map<const Kelmar::Base::Ref::Careful*, State>;
 
-  /// The share of the address space that an object lies in.
+  /// The part of the address space that contains an object.
   static std::size_t indexOf(const Kelmar::Base::Ref::Careful& object, std::size_t shards)
   {
     return (_addressOf(object) >> _chunkBits) % shards;
@@ -60,7 +60,7 @@ public:
 
 private:
   // Objects are aligned to 16 bytes. A chunk is a mebibyte of the address space: large enough that
-  // the one in hand is mostly the one that is wanted, small enough for a single object.
+  // the next object is mostly in the same chunk, small enough for a single object.
   static constexpr unsigned int _slotBits = 4;
   static constexpr unsigned int _chunkBits = 20;
   static constexpr std::size_t _slots = std::size_t(1) << (_chunkBits - _slotBits);

@@ -12,8 +12,9 @@
 namespace orvex::render::gl
 {
 
-/// Takes the lines and proxies of a pass from the world to the window's pixels and draws them, many
-/// with one call. The work is done in double: a float can't tell the rows of a large tree apart.
+/// Converts the lines and proxies of a pass from the world to pixels of the window and draws many
+/// of them with one call. It computes in double: a float can't distinguish the rows of a large
+/// tree.
 ///
 /// Its buffer has one size and is used again by each pass. Needs a current context with the vertex
 /// and colour arrays enabled, and matrices under which one unit is one pixel of the window.
@@ -29,8 +30,8 @@ public:
   /// \param localToScreen  scales and shifts, but turns nothing
   void begin(const Viewport& viewport, const Kelmar::Math::Matrix44d& localToScreen);
 
-  /// A white line between two points in world units. Along a row or a column it lights each pixel
-  /// from the one's to the other's, whatever the renderer's rules for a line's ends.
+  /// A white line between two points in world units. A line along a row or a column lights all
+  /// pixels between its ends and those of the ends, on every renderer.
   void line(const Point& from, const Point& to);
   /// A green triangle.
   void triangle(const Point& a, const Point& b, const Point& c);

@@ -12,14 +12,14 @@ namespace
 
 using Point = PackedLines::Point;
 
-// The byte in front of each vertex; the numbers that it announces follow, x first.
+// The byte before each vertex. It says which numbers follow, x first.
 constexpr unsigned char end = 0;
 constexpr unsigned char vertex = 1;
 constexpr unsigned char beginsLine = 2;
 constexpr unsigned char hasX = 4;
 constexpr unsigned char hasY = 8;
 
-/// Writes lines to a place; without one it finds out how many bytes they take.
+/// Writes lines to memory; for null it only counts the bytes that they take.
 class Writer
 {
 public:

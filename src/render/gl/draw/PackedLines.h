@@ -15,7 +15,7 @@ namespace orvex::render::gl
 ///
 /// Every node of a tree has such lines, so they are kept small: a coordinate that equals that of
 /// the vertex before it is left out, and a line begins from the vertex where the line before it
-/// began. Of an elbow to a child only the row of its corner and the column of its end are kept.
+/// began. Of an elbow to a child, only the row of its corner and the column of its end are stored.
 class PackedLines
 {
 public:

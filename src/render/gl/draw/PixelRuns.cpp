@@ -9,8 +9,8 @@ namespace orvex::render::gl
 
 double pixelOf(double position)
 {
-  // More than any rounding error at the greatest zoom of ten million leaves, and nothing to the
-  // eye.
+  // More than any rounding error at the greatest zoom of ten million leaves, and too little to be
+  // seen.
   constexpr double tolerance = 1e-6;
   return std::ceil(position - tolerance) - 1.0;
 }
@@ -39,7 +39,7 @@ PixelRun PixelRuns::add(double line, double from, double to)
   return run;
 }
 
-// Before they become whole numbers: at a great zoom a line's end lies beyond their range.
+// Done before the conversion to whole numbers: at a great zoom a line's end is outside their range.
 PixelRun PixelRuns::_clip(double first, double last) const
 {
   const double end = static_cast<double>(_length) - 1.0;

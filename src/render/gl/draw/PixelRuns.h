@@ -20,9 +20,8 @@ struct PixelRun
 /// error on either side; such positions all go to the pixel below or left of it.
 double pixelOf(double position);
 
-/// The lit pixels in all rows of an area of pixels, or in all its columns, as far as one run in
-/// each of them tells. Parts of a tree that lie close together fall into the same pixels many
-/// times.
+/// The pixels that are lit in the rows of an area, or in its columns: one run of them is remembered
+/// for each. Parts of a tree that are close together are drawn to the same pixels many times.
 class PixelRuns
 {
 public:

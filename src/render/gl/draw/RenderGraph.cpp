@@ -13,8 +13,8 @@ namespace Detail
 namespace
 {
 
-/// Matrices under which one unit is one pixel of the window and everything lies where the plane of
-/// the tree lies in depth, for a scope.
+/// Until the end of the scope, sets matrices under which one unit is one pixel of the window and
+/// all depths are that of the tree's plane.
 class PixelMatrices : private boost::noncopyable
 {
 public:
@@ -41,8 +41,8 @@ public:
   }
 };
 
-/// One sample decides for its pixel, for a scope. With several a renderer may lose a part of a line
-/// that runs along a row or a column, and a line between two columns would be grey.
+/// Until the end of the scope, draws with one sample for each pixel. With several, a renderer may
+/// drop a part of a line along a row or a column, and a line between two columns would be grey.
 class SingleSample : private boost::noncopyable
 {
 public:
@@ -54,7 +54,7 @@ public:
   ~SingleSample() { glPopAttrib(); }
 };
 
-/// Filled, blended, textured drawing, for a scope.
+/// Sets OpenGL to filled and blended drawing until the end of the scope.
 class LabelDrawing : private boost::noncopyable
 {
 public:

@@ -19,8 +19,8 @@ namespace orvex::render::gl
 /// One label: a textured quad for each character. It has the same size on the screen at every zoom,
 /// starts at its anchor and is centred on it in height.
 ///
-/// A large tree has millions of labels, of which some fifty are seen at a time. So a label keeps
-/// its extent only, and its quads are laid out whenever they are drawn.
+/// A large tree has millions of labels, of which some fifty are visible at a time. So a label keeps
+/// only its extent, and its quads are computed each time they are drawn.
 class Text : public Drawable
 {
 public:
@@ -58,7 +58,7 @@ private:
   template <class Action>
   void _forEachQuad(Action action) const;
 
-  // What is read of every label when a level is thinned stands together.
+  // The members that are read for every label when a level is thinned come first, side by side.
   Point2D<double> _position;
   // The box's numbers are those of the quads, so that float loses nothing.
   Point2D<float> _minimum{std::numeric_limits<float>::max(), std::numeric_limits<float>::max()};

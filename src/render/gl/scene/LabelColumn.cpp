@@ -44,7 +44,7 @@ void LabelColumn::add(const boost::intrusive_ptr<Text>& text)
   _rows.push_back(text->position().y);
 }
 
-// True if the labels can differ on the screen by their rows only, and rows fall down the column.
+// True if on the screen the labels differ only in their rows, and the rows fall down the column.
 bool LabelColumn::_isSimple(const Kelmar::Math::Matrix44d& localToScreen) const
 {
   const Kelmar::Math::Matrix44d& m = localToScreen;

@@ -47,8 +47,8 @@ private:
   bool _isUniform = true;
   double _greatestRow = 0.0;
   double _leastGap = std::numeric_limits<double>::infinity();
-  /// In label pixels: the box that holds the box of each label, and the one that each holds, which
-  /// may be turned inside out.
+  /// In label pixels: the box that contains the boxes of all labels, and the box that each of them
+  /// contains, whose minimum may be above its maximum.
   Box2D _outer;
   Box2D _inner{{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()},
                {std::numeric_limits<double>::max(), std::numeric_limits<double>::max()}};

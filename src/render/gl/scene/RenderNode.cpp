@@ -20,7 +20,7 @@ RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
   }
   const NodeLayoutInfo& info = layout->layoutInfoForNode(node);
   const NodeLayoutInfo& root = layout->layoutInfoForNode(tree->getRootNodeId());
-  // A root without height is a leaf, and keeps a leaf's 1.0.
+  // A root without children is a leaf and keeps the value of a leaf, 1.0.
   if (root.depthToLeaf != 0)
   {
     _lodFraction = 1.0 - info.depthToLeaf / static_cast<double>(root.depthToLeaf);

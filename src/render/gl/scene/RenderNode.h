@@ -25,7 +25,7 @@ class RenderNode : public Group
 public:
   /// Copies what it needs; keeps neither tree nor layout. Where one of them is null, the node has
   /// an empty box and no drawables.
-  /// \param noLines  what the leaves of a scene share as their highLod(); null for one of its own
+  /// \param noLines  the highLod() that all leaves of a scene share; null to make another one
   RenderNode(int node, const boost::shared_ptr<Tree>& tree,
              const boost::intrusive_ptr<LayoutInfo2D>& layout,
              const boost::intrusive_ptr<Drawable>& noLines = nullptr);
@@ -40,7 +40,7 @@ public:
 
 private:
   int _nodeId;
-  // A leaf's is a point that no frame shows. It is made when it is first asked for.
+  // That of a leaf is a point, which no frame shows. It is made when it is first asked for.
   mutable boost::intrusive_ptr<Drawable> _lowLod;
   boost::intrusive_ptr<Drawable> _highLod;
   double _lodFraction = 1.0;

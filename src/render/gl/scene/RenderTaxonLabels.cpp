@@ -74,7 +74,7 @@ void RenderTaxonLabels::findTextForLevel(unsigned int level, const State& state,
   rows.maximum.y = maximumY;
   const Kept& kept = getOrCreateTextForLevel(level, state);
   const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
-  // No label reaches further from its anchor than the common box; a pixel covers the rounding.
+  // No label is larger than the common box; one pixel more allows for rounding.
   const std::size_t end =
       _column.firstBelow(minimumY - _boundingBox.maximum.y - 1.0, localToScreen);
   std::size_t i = _column.firstBelow(maximumY - _boundingBox.minimum.y + 1.0, localToScreen);

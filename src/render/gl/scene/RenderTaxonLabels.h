@@ -25,7 +25,7 @@ class RenderTaxonLabels : public Node
 public:
   using Texts = LabelColumn::Texts;
   /// Which labels are kept: a bit for each, in the order of texts(). A large tree has thousands of
-  /// levels, and lists of its labels for all of them would outgrow the scene many times.
+  /// levels, and lists of labels for all of them would be many times larger than the scene.
   using Kept = LabelColumn::Kept;
 
   /// Loads the font. Without one all labels are empty.
@@ -40,22 +40,22 @@ public:
   const Texts& texts() const { return _column.texts(); }
 
   /// The labels to show at a zoom level, owned by this node until it is asked for another level.
-  /// Decided when the level is first met, with the matrices of that moment, and for good.
+  /// Decided when the level is first shown, with the matrices of that moment, and never changed.
   const Kept& getOrCreateTextForLevel(unsigned int level, const State& state);
 
   /// Appends the labels kept for a level whose box overlaps a range of window rows, or touches it,
-  /// in their order. Costs what it finds, not what there is.
+  /// in their order. The time depends on the number of labels found, not on that of all labels.
   void findTextForLevel(unsigned int level, const State& state, double minimumY, double maximumY,
                         std::vector<Text*>& found);
 
-  /// For how many levels bits are held at present. The bits of the others are found again, the
-  /// same, when they are needed.
+  /// For how many levels bits are held at present. The bits of other levels are computed again when
+  /// they are needed, with the same result.
   std::size_t levelsHeld() const { return _held.size(); }
 
 private:
   struct Level
   {
-    Kelmar::Math::Matrix44d localToScreen; // that of its first moment
+    Kelmar::Math::Matrix44d localToScreen; // of when it was first shown
     Kept kept;                             // empty if not held
   };
 

@@ -34,7 +34,8 @@ boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
 {
   boost::intrusive_ptr<RenderNode> result(
       new RenderNode(node, lines.tree, lines.layout, lines.none));
-  // Layout and scene need not stand side by side. The root's record is read for every node.
+  // Released at once, so that memory need not hold the whole layout and the whole scene. The record
+  // of the root is needed for every node.
   if (lines.ownsLayout && node != lines.tree->getRootNodeId())
   {
     lines.layout->release(node);

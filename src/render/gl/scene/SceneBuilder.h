@@ -18,15 +18,15 @@ class LayoutInfo2D;
 namespace orvex::render::gl
 {
 
-/// Turns a tree and its layout into a scene: a group of the labels of all leaves and of the tree's
-/// lines, a RenderNode for each node that the root reaches. Recurses once for each level.
+/// Makes a scene of a tree and its layout: a group of the labels of all leaves, and of the tree's
+/// lines with a RenderNode for each node that the root reaches. Recurses once for each level.
 class SceneBuilder
 {
 public:
   explicit SceneBuilder(boost::shared_ptr<Tree> tree);
 
-  /// Builds the scene; without a tree or layout does nothing. Needs no context. A layout that no
-  /// one else holds is let go record by record, so that it makes room for the scene.
+  /// Builds the scene; without a tree or layout does nothing. Needs no context. If nothing else
+  /// holds the layout, its records are released one by one, to make room for the scene.
   /// \throws std::runtime_error  if the font library can't start
   void buildScene(boost::intrusive_ptr<LayoutInfo2D> layout);
 
