@@ -124,6 +124,47 @@ private:
   QTimer _timer;
 };
 
+static QPoint place()
+{
+  return QPoint(below(600) - 50, below(500) - 50);
+}
+
+static Qt::KeyboardModifiers keys()
+{
+  return oneOf({Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier});
+}
+
+static void sendMouse(QWidget& target, QEvent::Type type)
+{
+  const auto button = oneOf({Qt::LeftButton, Qt::RightButton});
+  const bool up = type == QEvent::MouseButtonRelease;
+  QMouseEvent event(type, place(), button, up ? Qt::NoButton : button, keys());
+  QCoreApplication::sendEvent(&target, &event);
+}
+
+static void sendWheel(QWidget& target)
+{
+  QWheelEvent event(place(), place(), QPoint(), QPoint(below(200), below(100000) - 40000),
+                    Qt::NoButton, keys(), Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&target, &event);
+}
+
+/// \param base  the number of counted objects without a tree
+static void expectSound(const Window& window, std::size_t base)
+{
+  if (Lumbra::Viewer* viewer = window.viewer())
+  {
+    const orvex::render::CameraCladogram& camera = *viewer->camera();
+    ASSERT_TRUE(std::isfinite(camera.position().x + camera.position().y + camera.zoom()));
+    viewer->makeCurrent();
+    ASSERT_EQ(glGetError(), GLenum(GL_NO_ERROR));
+  }
+  else
+  {
+    ASSERT_EQ(Helper::instanceManager.numberOfObjects(), base);
+  }
+}
+
 TEST_F(RandomInteractionTest, BreaksNothing)
 {
   // --gtest_random_seed=N makes another run.
@@ -134,15 +175,6 @@ TEST_F(RandomInteractionTest, BreaksNothing)
   const std::size_t base = Helper::instanceManager.numberOfObjects();
   const auto target = [&]() -> QWidget&
   { return window.viewer() ? *window.viewer() : static_cast<QWidget&>(window); };
-  const auto place = [] { return QPoint(below(600) - 50, below(500) - 50); };
-  const auto keys = [] { return oneOf({Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier}); };
-  const auto mouse = [&](QEvent::Type type)
-  {
-    const auto button = oneOf({Qt::LeftButton, Qt::RightButton});
-    const bool up = type == QEvent::MouseButtonRelease;
-    QMouseEvent event(type, place(), button, up ? Qt::NoButton : button, keys());
-    QCoreApplication::sendEvent(&target(), &event);
-  };
   const std::function<void()> events[] = {
       [&] { window._documentNew(); },
       [&] { switchService(); },
@@ -160,18 +192,13 @@ TEST_F(RandomInteractionTest, BreaksNothing)
                       : below(4) == 0 ? QSize(1, 1) // which only the viewer alone can be
                                       : QSize(1 + below(500), 1 + below(400)));
       },
-      [&]
-      {
-        QWheelEvent event(place(), place(), QPoint(), QPoint(below(200), below(100000) - 40000),
-                          Qt::NoButton, keys(), Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&target(), &event);
-      },
+      [&] { sendWheel(target()); },
       [&] {
         QTest::keyClick(&target(), oneOf({Qt::Key_A, Qt::Key_Space}));
       },
-      [&] { mouse(QEvent::MouseButtonPress); },
-      [&] { mouse(QEvent::MouseMove); },
-      [&] { mouse(QEvent::MouseButtonRelease); }};
+      [&] { sendMouse(target(), QEvent::MouseButtonPress); },
+      [&] { sendMouse(target(), QEvent::MouseMove); },
+      [&] { sendMouse(target(), QEvent::MouseButtonRelease); }};
   std::discrete_distribution<std::size_t> kinds{1, 1, 4, 4, 10, 10, 26, 26, 26, 26, 26};
   int shown = 0;
   for (int i = 0; i < 10000; ++i)
@@ -181,18 +208,8 @@ TEST_F(RandomInteractionTest, BreaksNothing)
     QCoreApplication::processEvents();
     deleteWhatIsDoomed();
     ASSERT_EQ(unexpected, "");
-    if (Lumbra::Viewer* viewer = window.viewer())
-    {
-      ++shown;
-      const orvex::render::CameraCladogram& camera = *viewer->camera();
-      ASSERT_TRUE(std::isfinite(camera.position().x + camera.position().y + camera.zoom()));
-      viewer->makeCurrent();
-      ASSERT_EQ(glGetError(), GLenum(GL_NO_ERROR));
-    }
-    else
-    {
-      ASSERT_EQ(Helper::instanceManager.numberOfObjects(), base);
-    }
+    ASSERT_NO_FATAL_FAILURE(expectSound(window, base));
+    shown += window.viewer() ? 1 : 0;
   }
   EXPECT_GT(shown, 5000) << "most events need a tree";
   EXPECT_THAT(log(), testing::Not(testing::ContainsRegex("(^|\n)Error [^8]")))

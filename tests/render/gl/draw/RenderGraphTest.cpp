@@ -17,7 +17,7 @@ struct NamedDrawable : Drawable
   const char* name;
 };
 
-TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
+static RenderGraph filledGraph()
 {
   RenderGraph graph;
   for (const char* text : {"label 1", "label 2"})
@@ -35,6 +35,12 @@ TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
   graph.addText(nullptr);
   graph.addHighLod(nullptr);
   graph.addLowLod(nullptr);
+  return graph;
+}
+
+TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
+{
+  const RenderGraph graph = filledGraph();
   const boost::intrusive_ptr<State> state(new State);
   state->viewport({10, 20, 100, 200});
   // From the viewport's pixels to clip space, at the depth of the world's plane.
