@@ -66,14 +66,3 @@ RECORD(glTexImage2D,
 RECORD(glTexParameteri, (GLenum target, GLenum name, GLint value), (target, name, value))
 RECORD(glVertexPointer, (GLint n, GLenum type, GLsizei stride, const void* p), (n, type, stride, p))
 #undef RECORD
-
-// GLEW calls what is younger than OpenGL 1.1 through pointers, which a context would fill in.
-static const bool haveFramebufferObjects = []
-{
-  glBindFramebufferEXT = [](GLenum target, GLuint name)
-  { Call{"glBindFramebufferEXT"}(target, name); };
-  glDeleteFramebuffersEXT = [](GLsizei, const GLuint* name)
-  { Call{"glDeleteFramebuffersEXT"}(*name); };
-  glGenFramebuffersEXT = [](GLsizei, GLuint* name) { Call{"glGenFramebuffersEXT"}(*name = 7); };
-  return true;
-}();

@@ -4,14 +4,6 @@
 #include "tree/Tree.h"
 #include "tree/TreeMemory.h"
 
-#include <boost/smart_ptr/intrusive_ptr.hpp>
-#include <gtest/gtest.h>
-
-namespace
-{
-
-using namespace orvex::test;
-
 TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
 {
   const std::string folder = newFolder() + "/";
@@ -43,5 +35,3 @@ TEST(Document, IsRefusedWhereTheMachineCantHoldIt)
   EXPECT_GT(orvex::availableMemory(), std::size_t(1) << 26) << "this machine runs the tests";
   EXPECT_LT(orvex::availableMemory(), std::size_t(1) << 50);
 }
-
-} // namespace

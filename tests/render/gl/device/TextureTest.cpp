@@ -1,6 +1,5 @@
 #include "render/gl/device/OpenGL.h"
 
-#include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/device/Texture2D.h"
 #include "support/Outcome.h"
 #include "support/RecordedOpenGL.h"
@@ -64,18 +63,4 @@ TEST(Texture2D, WithoutAnImageLeavesOpenGLAlone)
 {
   const boost::intrusive_ptr<Texture2D> texture(new Texture2D(nullptr));
   EXPECT_EQ(callsOf([&] { texture->apply(); }), "");
-}
-
-TEST(FrameBufferObject, IsUnboundBeforeItIsDeleted)
-{
-  GLuint name = 0;
-  EXPECT_EQ(callsOf([] { FrameBufferObject().bind(); }),
-            callsOf(
-                [&]
-                {
-                  glGenFramebuffersEXT(1, &name);
-                  glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, name);
-                  glBindFramebufferEXT(GL_FRAMEBUFFER_EXT, 0);
-                  glDeleteFramebuffersEXT(1, &name);
-                }));
 }

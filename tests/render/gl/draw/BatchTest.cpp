@@ -4,38 +4,23 @@
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/draw/Triangle.h"
+#include "support/Outcome.h"
+#include "support/Polyline.h"
 #include "support/RecordedOpenGL.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
-
-namespace
-{
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
-using Points = std::vector<Point2D<double>>;
-
-struct Polyline : Edge2D
-{
-  explicit Polyline(Points all) : points(std::move(all)) {}
-  void evaluate(Points& result) const override { result = points; }
-
-  Points points;
-};
-
 using Edges = std::vector<boost::intrusive_ptr<Edge2D>>;
 
 TEST(PackedLines, GiveBackTheLinesTheyWereMadeOf)
 {
-  const std::vector<Points> lines{{{0.1, 0.2}, {0.1, 0.7}, {0.9, 0.7}},
-                                  {{0.1, 0.2}, {0.0, 0.0}},
-                                  {{0.0, -3e300}},
-                                  {{5.0, -3e300}, {5.0, 1e-300}, {5.0, 0.0}},
-                                  {{5.0, 0.0}, {5.0, 0.0}}};
+  const std::vector<Polyline::Points> lines{{{0.1, 0.2}, {0.1, 0.7}, {0.9, 0.7}},
+                                            {{0.1, 0.2}, {0.0, 0.0}},
+                                            {{0.0, -3e300}},
+                                            {{5.0, -3e300}, {5.0, 1e-300}, {5.0, 0.0}},
+                                            {{5.0, 0.0}, {5.0, 0.0}}};
   Edges edges{nullptr, new Polyline({})};
-  for (const Points& line : lines)
+  for (const Polyline::Points& line : lines)
   {
     edges.emplace_back(new Polyline(line));
   }
@@ -58,12 +43,12 @@ TEST(PackedLines, GiveBackTheLinesTheyWereMadeOf)
 
 /// A pass in which a strip draws its number of lines, each in a row of its own, and then proxies.
 /// \return the drawing calls: what they draw, from where, how many vertices
-std::string drawn(const std::vector<unsigned int>& strips, int proxies = 0)
+static std::string drawn(const std::vector<unsigned int>& strips, int proxies = 0)
 {
   const boost::intrusive_ptr<State> state(new State);
   state->viewport({0, 0, 10, 20000});
   double row = 0.5;
-  std::istringstream calls(orvex::test::callsOf(
+  std::istringstream calls(callsOf(
       [&]
       {
         state->batch().begin(state->viewport(), Kelmar::Math::Matrix44d());
@@ -102,5 +87,3 @@ TEST(Batch, DrawsAFullBufferAtOnceAndThenWhatIsLeft)
   EXPECT_EQ(drawn({}, Batch::capacity / 3), " 0x4 0 0x1800;");
   EXPECT_EQ(drawn({3}, Batch::capacity / 3 + 1), " 0x1 0 0x6; 0x4 0 0x1800; 0x4 0 0x3;");
 }
-
-} // namespace

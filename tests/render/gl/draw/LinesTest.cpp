@@ -1,21 +1,13 @@
 // Lines in a window with several samples for a pixel, as the viewer has one.
 
-#include "render/gl/device/OpenGL.h"
+#include "support/GlWindowTest.h"
 
 #include "render/CameraCladogram.h"
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/draw/RenderGraph.h"
-#include "support/SceneFixture.h"
-
-#include <gtest/gtest.h>
-
-#include <QGLWidget>
-#include <QTest>
+#include "support/Polyline.h"
 
 #include <cmath>
-
-namespace
-{
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
@@ -45,47 +37,31 @@ struct Look
   }
 };
 
-Point2D<double> onScreen(const Point2D<double>& point, const State& state)
+static Point2D<double> onScreen(const Point2D<double>& point, const State& state)
 {
   const Vector3d at = state.getLocalToScreenMatrix() * Vector3d(point.x, point.y, 0.0);
   return {at[0], at[1]};
 }
 
 // What lies on the border of two pixels belongs to the lower one.
-int pixelAt(double position)
+static int pixelAt(double position)
 {
   return static_cast<int>(std::ceil(position - 1e-6)) - 1;
 }
 
-class Lines : public testing::Test
+class LinesTest : public GlWindowTest
 {
 protected:
-  static constexpr int width = 800;
-  static constexpr int height = 620;
+  void SetUp() override { openWindow(800, 620, true); }
 
-  void SetUp() override
-  {
-    QGLFormat format;
-    format.setSampleBuffers(true);
-    window = std::make_unique<QGLWidget>(format);
-    window->resize(width, height);
-    window->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    window->makeCurrent();
-    window->swapBuffers();
-  }
-
-  /// \return the picture, with its first row at the bottom
   QImage draw(const RenderGraph& graph, State& state)
   {
     const Viewport& area = state.viewport();
     glViewport(int(area.x), int(area.y), int(area.width), int(area.height));
     glClear(GL_COLOR_BUFFER_BIT);
     graph.render(state);
-    return window->grabFrameBuffer().mirrored();
+    return picture();
   }
-
-  std::unique_ptr<QGLWidget> window;
 };
 
 /// Adds the elbows of a layout to a graph, and lights their pixels in a picture of their own.
@@ -128,7 +104,7 @@ struct Elbows
   QImage expected{800, 620, QImage::Format_RGB32};
 };
 
-TEST_F(Lines, LightEachPixelOfEachElbowAndNoOther)
+TEST_F(LinesTest, LightEachPixelOfEachElbowAndNoOther)
 {
   using orvex::tools::TreeShape;
   for (const TreeShape shape : {TreeShape::Random, TreeShape::Ladder, TreeShape::Polytomy})
@@ -146,25 +122,14 @@ TEST_F(Lines, LightEachPixelOfEachElbowAndNoOther)
     {
       const auto state = look.state(150);
       const Elbows elbows(*tree, *layout, *state);
-      const QImage picture = draw(elbows.graph, *state).convertToFormat(QImage::Format_RGB32);
-      EXPECT_EQ(picture, elbows.expected)
+      const QImage shown = draw(elbows.graph, *state).convertToFormat(QImage::Format_RGB32);
+      EXPECT_EQ(shown, elbows.expected)
           << "shape " << int(shape) << " width " << look.width << " zoom " << look.zoom;
     }
   }
 }
 
-struct Elbow : Edge2D
-{
-  Elbow(const Point2D<double>& a, const Point2D<double>& b) : start(a), end(b) {}
-  void evaluate(std::vector<Point2D<double>>& points) const override
-  {
-    points = {start, {start.x, end.y}, end};
-  }
-
-  Point2D<double> start, end;
-};
-
-TEST_F(Lines, OfAStarLieInEvenRowsBesideTheirLabelsAtTheGreatestZoom)
+TEST_F(LinesTest, OfAStarLieInEvenRowsBesideTheirLabelsAtTheGreatestZoom)
 {
   for (const unsigned int leaves : {1'000'000u, 3'000'000u, 10'000'000u})
   {
@@ -183,7 +148,7 @@ TEST_F(Lines, OfAStarLieInEvenRowsBesideTheirLabelsAtTheGreatestZoom)
       std::vector<double> rows;
       for (; rows.size() < 30; y -= 1.0 / leaves)
       {
-        edges.emplace_back(new Elbow({0.0, 0.5}, {1.0, y}));
+        edges.emplace_back(new Polyline({{0.0, 0.5}, {0.0, y}, {1.0, y}}));
         labels->addText({1.001, y}, "I");
         rows.push_back(onScreen({1.0, y}, *state).y);
       }
@@ -193,25 +158,25 @@ TEST_F(Lines, OfAStarLieInEvenRowsBesideTheirLabelsAtTheGreatestZoom)
       {
         graph.addText(label);
       }
-      const QImage picture = draw(graph, *state);
+      const QImage shown = draw(graph, *state);
       const int end = pixelAt(onScreen({1.0, 0.5}, *state).x);
       int lit = 0;
-      for (int row = 0; row < height; ++row)
+      for (int row = 0; row < shown.height(); ++row)
       {
-        lit += picture.pixel(end, row) == qRgb(255, 255, 255) ? 1 : 0;
+        lit += shown.pixel(end, row) == qRgb(255, 255, 255) ? 1 : 0;
       }
       EXPECT_EQ(lit, 30);
       for (const double row : rows)
       {
         // With the lines where they belong their spacing is even, by the arithmetic of rounding.
-        EXPECT_EQ(picture.pixel(end, pixelAt(row)), qRgb(255, 255, 255)) << row;
+        EXPECT_EQ(shown.pixel(end, pixelAt(row)), qRgb(255, 255, 255)) << row;
         double weight = 0.0, middle = 0.0;
         for (int near = int(row) - 8; near <= int(row) + 8; ++near)
         {
           for (int x = end + 1; x < end + 8; ++x)
           {
-            weight += qRed(picture.pixel(x, near));
-            middle += (near + 0.5) * qRed(picture.pixel(x, near));
+            weight += qRed(shown.pixel(x, near));
+            middle += (near + 0.5) * qRed(shown.pixel(x, near));
           }
         }
         EXPECT_NEAR(middle / weight, row, 0.6) << "but for what its edges round to";
@@ -219,5 +184,3 @@ TEST_F(Lines, OfAStarLieInEvenRowsBesideTheirLabelsAtTheGreatestZoom)
     }
   }
 }
-
-} // namespace

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "render/gl/device/OpenGL.h"
+
+#include "support/Outcome.h"
+#include "support/SceneFixture.h"
+
+#include <QGLWidget>
+#include <QTest>
+
+#include <memory>
+
+/// A window with a current context of OpenGL.
+class GlWindowTest : public testing::Test
+{
+protected:
+  /// \param samples  whether a pixel may have several; if not, it is drawn or it isn't
+  void openWindow(int width, int height, bool samples)
+  {
+    QGLFormat format;
+    format.setSampleBuffers(samples);
+    window = std::make_unique<QGLWidget>(format);
+    window->resize(width, height);
+    window->show();
+    // A frame drawn before the window is there would be lost.
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    window->makeCurrent();
+    window->swapBuffers(); // the driver takes the window's new size with the next buffer
+  }
+
+  /// What the window shows, with the first row at the bottom.
+  QImage picture() const { return window->grabFrameBuffer().mirrored(); }
+
+  std::unique_ptr<QGLWidget> window;
+};
