@@ -1,28 +1,31 @@
 #include "render/gl/font/FontFile.h"
 #include "render/gl/font/FreeType.h"
 #include "render/gl/font/Glyph.h"
+#include "support/Outcome.h"
 #include "support/SceneFixture.h"
-
-#include <gmock/gmock.h>
-
-#include <random>
-
-namespace
-{
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
 
+static boost::intrusive_ptr<Font> arial()
+{
+  return FreeType::instance()->createFont(systemFontFile("Arial"));
+}
+
+TEST(LabelFont, MakesEachGlyphOnceAt32Pixels)
+{
+  EXPECT_FALSE(FreeType::instance()->createFont("/no/such/font.ttf"));
+  const auto font = arial();
+  Glyph* h = font->getGlyph('H');
+  EXPECT_EQ(font->getGlyph('H'), h);
+  EXPECT_NEAR(h->height(), 23, 1) << "the height of capitals";
+  EXPECT_GT(std::count(h->buffer(), h->buffer() + h->width() * h->height(), 255), 60);
+}
+
 TEST(Label, LaysGlyphsAlongThePenAt15Pixels)
 {
   constexpr double scale = 15.0 / 32.0;
-  EXPECT_FALSE(FreeType::instance()->createFont("/no/such/font.ttf"));
-  const auto font = FreeType::instance()->createFont(systemFontFile("Arial"));
-  Glyph* h = font->getGlyph('H');
-  EXPECT_EQ(font->getGlyph('H'), h) << "made once";
-  EXPECT_NEAR(h->height(), 23, 1) << "the height of capitals in 32 pixels";
-  EXPECT_GT(std::count(h->buffer(), h->buffer() + h->width() * h->height(), 255), 60);
-
+  const auto font = arial();
   const std::string name = "AVA gq";
   const boost::intrusive_ptr<Text> text(new Text({0.0, 0.0}, name, font));
   const std::vector<Text::Quad> quads = text->quads();
@@ -49,8 +52,12 @@ TEST(Label, LaysGlyphsAlongThePenAt15Pixels)
   EXPECT_LT(quads[1].corners[0], quads[0].corners[2]) << "A and V kern, so that they overlap";
   EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().minimum.x), quads[0].corners[0]);
   EXPECT_FLOAT_EQ(static_cast<float>(text->boundingBox().maximum.x), quads[5].corners[4]);
-  const boost::intrusive_ptr<Text> bare(new Text({0.5, 0.5}, "name", nullptr));
-  EXPECT_FALSE(bare->getBoundingBoxScreenSpace(Kelmar::Math::Matrix44d()).valid());
+}
+
+TEST(Label, WithoutAFontHasNoBox)
+{
+  const boost::intrusive_ptr<Text> text(new Text({0.5, 0.5}, "name", nullptr));
+  EXPECT_FALSE(text->getBoundingBoxScreenSpace(Kelmar::Math::Matrix44d()).valid());
 }
 
 using Rows = std::vector<std::pair<double, std::string>>;
@@ -71,25 +78,27 @@ struct Column
   boost::intrusive_ptr<State> state{new State};
 };
 
-TEST(Label, ThinningComparesWithTheLastLabelKept)
+// A capital is 23 * 0.46875 = 10.8 pixels high.
+TEST(Label, IsKeptWhereItRunsIntoNoLabelKeptBefore)
 {
-  // A capital is 23 * 0.46875 = 10.8 pixels high. An empty label is kept and runs into nothing.
-  for (const auto& [second, third, middle, expected] :
-       {std::tuple(95.0, 88.0, "B", "101"), std::tuple(95.0, 91.0, "B", "001"), // C runs into A
-        std::tuple(80.0, 60.0, "B", "111"), std::tuple(99.0, 98.0, "", "111")})
+  for (const auto& [what, second, third, name, expected] : // of rows below one at 100
+       {std::tuple("the second runs into the first", 95.0, 88.0, "B", "101"),
+        std::tuple("so does the third, past the second", 95.0, 91.0, "B", "001"),
+        std::tuple("none runs into another", 80.0, 60.0, "B", "111"),
+        std::tuple("an empty label runs into nothing", 99.0, 98.0, "", "111")})
   {
-    const Column column({{100.0, "A"}, {second, middle}, {third, "C"}});
+    const Column column({{100.0, "A"}, {second, name}, {third, "C"}});
     for (const unsigned int size : {2u, 2000u}) // a level is decided once
     {
       column.state->viewport({0, 0, size, size});
       std::string kept; // the last label first
       to_string(column.labels->getOrCreateTextForLevel(3, *column.state), kept);
-      EXPECT_EQ(kept, expected) << second << " " << third;
+      EXPECT_EQ(kept, expected) << what;
     }
   }
 }
 
-// Leaving out comparisons, and finding bits again that were let go, against the walk over all.
+// Compared with a walk over all labels, also for a level whose bits were let go and made again.
 TEST(Label, ThinsAsTheWalkOverAllDoes)
 {
   std::mt19937 random(7);
@@ -124,7 +133,7 @@ TEST(Label, ThinsAsTheWalkOverAllDoes)
   }
 }
 
-// The walk over what is in view against the walk over everything.
+// Compared with a walk over all labels.
 TEST(Label, FindsTheLabelsOfARangeOfRows)
 {
   std::mt19937 random(99);
@@ -157,5 +166,3 @@ TEST(Label, FindsTheLabelsOfARangeOfRows)
     EXPECT_EQ(found, expected) << "rows " << low << " to " << high;
   }
 }
-
-} // namespace
