@@ -9,6 +9,8 @@ add_library(orvex_flags INTERFACE)
 target_compile_options(orvex_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wmissing-declarations
   $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
+# The same numbers on all processors: no multiplication and addition in one rounding.
+target_compile_options(orvex_flags INTERFACE -ffp-contract=off)
 # libstdc++ and Boost allocate in inline functions that the compiler sees through too well.
 target_compile_options(orvex_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 

@@ -3,6 +3,7 @@
 #include "foundation/counted/Referenced.h"
 #include "render/NodeLayoutInfo.h"
 
+#include <boost/core/noncopyable.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <vector>
@@ -11,7 +12,7 @@ namespace orvex::render
 {
 
 /// The result of a layout: a record for each node id of a tree. It exists until the scene is built.
-class LayoutInfo2D : public Kelmar::Base::Referenced
+class LayoutInfo2D : public Kelmar::Base::Referenced, private boost::noncopyable
 {
 public:
   explicit LayoutInfo2D(unsigned int numberOfNodes);

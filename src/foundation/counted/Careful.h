@@ -24,7 +24,8 @@ public:
   Careful& operator=(const Careful& other);
 
   /// The type of the most derived object as typeid names it, undemangled. It is a property of the
-  /// class, not of the object: it is asked for once for each class.
+  /// class, not of the object: it is asked for once for each class, and an override that tells
+  /// objects of one class apart is listed under the name of the first.
   virtual std::string typeName() const;
 
   /// Reports on std::cout an object that is not deleted by unref. A derived destructor may throw;

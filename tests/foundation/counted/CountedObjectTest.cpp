@@ -57,6 +57,20 @@ TEST(CountedObject, RefusesToBeReleasedMoreOftenThanItIsHeld)
   object->ref(); // no lock is held by the failure
 }
 
+TEST(CountedObject, RefusesAReferenceThatTheCountCannotHold)
+{
+  const boost::intrusive_ptr<Object> object(new Object);
+  // The count lies behind the pointer to the class. To fill it by references takes too long.
+  unsigned long& count = *(reinterpret_cast<unsigned long*>(object.get()) + 1);
+  count = std::numeric_limits<unsigned long>::max();
+  EXPECT_THAT(
+      errorOf([&] { object->ref(); }),
+      MatchesRegex("Error 4544591930: Address .*', attempting to increment 'm' with a value of "
+                   "18446744073709551615 will overflow"));
+  EXPECT_EQ(object->refCount(), std::numeric_limits<unsigned long>::max());
+  count = 1;
+}
+
 TEST(CountedObject, RefusesReferencesWhileItIsDeleted)
 {
   auto* object = new Object;

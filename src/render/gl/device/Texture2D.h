@@ -4,6 +4,7 @@
 #include "render/gl/device/Image.h"
 #include "render/gl/device/ObjectName.h"
 
+#include <boost/core/noncopyable.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 namespace orvex::render::gl
@@ -11,7 +12,7 @@ namespace orvex::render::gl
 
 /// A texture that uploads its image when first applied; later changes of the image don't reach it.
 /// Its OpenGL object is not deleted with it: the owner calls releaseGLObjects first.
-class Texture2D : public Kelmar::Base::Referenced
+class Texture2D : public Kelmar::Base::Referenced, private boost::noncopyable
 {
 public:
   /// Touches no OpenGL. Without an image, apply does nothing.

@@ -3,6 +3,7 @@
 #include "foundation/counted/Referenced.h"
 #include "render/gl/font/Glyph.h"
 
+#include <boost/core/noncopyable.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <array>
@@ -16,14 +17,14 @@ namespace orvex::render::gl
 
 /// A face with its glyphs at 32 pixels, rendered as they are asked for. A character is one byte.
 /// Must be deleted before FreeType::destroy().
-class Font : public Kelmar::Base::Referenced
+class Font : public Kelmar::Base::Referenced, private boost::noncopyable
 {
 public:
   /// Takes the ownership of the face.
   explicit Font(FT_Face face);
   ~Font() noexcept(false) override;
 
-  /// \return the glyph, owned by the font, or null if the face can't give it
+  /// \return the glyph, owned by the font, or null if the face can't give it as grey coverage
   Glyph* getGlyph(char c);
 
   /// How far \p right moves when it follows \p left, in pixels.

@@ -34,7 +34,8 @@ public:
 
   void accept(Visitor& visitor) override;
 
-  /// \param position  the label's anchor in world units. Labels come in leaf order: y must fall.
+  /// \param position  the label's anchor in world units. Labels come in leaf order: y must fall,
+  ///                  else they are not found again. Builds with assertions check it.
   void addText(const Point2D<double>& position, const std::string& text);
   void reserve(std::size_t count) { _column.reserve(count); }
   const Texts& texts() const { return _column.texts(); }
