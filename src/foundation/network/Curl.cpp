@@ -16,6 +16,9 @@ namespace
 // Twice libcurl's CURL_ERROR_SIZE.
 constexpr std::size_t errorSize = 512;
 
+// More of them are a loop.
+constexpr long mostRedirects = 30;
+
 } // namespace
 } // namespace Detail
 
@@ -55,6 +58,7 @@ void Curl::_configure(unsigned int timeoutMilliseconds)
   _check(curl_easy_setopt(_curl, CURLOPT_NOPROGRESS, 0L));
   _check(curl_easy_setopt(_curl, CURLOPT_NOSIGNAL, 1L));
   _check(curl_easy_setopt(_curl, CURLOPT_FOLLOWLOCATION, 1L));
+  _check(curl_easy_setopt(_curl, CURLOPT_MAXREDIRS, Detail::mostRedirects));
   if (timeoutMilliseconds != 0)
   {
     _check(curl_easy_setopt(_curl, CURLOPT_TIMEOUT_MS, static_cast<long>(timeoutMilliseconds)));

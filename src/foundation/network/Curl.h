@@ -14,7 +14,7 @@ namespace Kelmar::Network
 {
 
 /// Owns one libcurl easy handle, for one transfer of one URL into a stream. Redirections are
-/// followed, to http and https only. The status of the answer is ignored.
+/// followed, thirty at most, to http and https only. The status of the answer is ignored.
 class Curl : private boost::noncopyable
 {
 public:

@@ -2,6 +2,8 @@
 #include "foundation/counted/Referenced.h"
 #include "support/Outcome.h"
 
+#include <limits>
+
 using testing::MatchesRegex;
 
 /// Does something while it is destroyed.

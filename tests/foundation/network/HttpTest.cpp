@@ -5,6 +5,8 @@
 
 #include <httplib.h>
 
+#include <thread>
+
 using namespace Kelmar::Network;
 
 /// The body, or else the error.
@@ -44,4 +46,30 @@ TEST(Http, NamesTheReasonAndTheUrlOfAFailure)
                 testing::MatchesRegex(std::string("Error 3886626924: .*") + reason +
                                       ".*, URL = http://127.0.0.1:[0-9]+/x"));
   }
+}
+
+TEST(Http, FollowsThirtyRedirectsAtMostAndGivesTheLastBodyOnly)
+{
+  httplib::Server server;
+  const auto redirect = [&](const std::string& from, const std::string& to)
+  {
+    server.Get(from,
+               [to](const httplib::Request&, httplib::Response& answer)
+               {
+                 answer.set_content("moved", "text/plain");
+                 answer.set_redirect(to);
+               });
+  };
+  redirect("/moved", "/here");
+  redirect("/circle", "/circle");
+  server.Get("/here", [](const httplib::Request&, httplib::Response& answer)
+             { answer.set_content("found", "text/plain"); });
+  const std::string url =
+      "http://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1"));
+  std::thread thread([&] { server.listen_after_bind(); });
+  EXPECT_EQ(download(url + "/moved", 60000), "found");
+  EXPECT_EQ(download(url + "/circle", 60000),
+            "Error 3886626924: Maximum (30) redirects followed, URL = " + url + "/circle");
+  server.stop();
+  thread.join();
 }
