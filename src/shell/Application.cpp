@@ -12,9 +12,29 @@ namespace Detail
 namespace
 {
 
-void showError(const char* message)
+const char* const unknown = "Unknown error detected.";
+
+// What was to be reported must not be lost in a failure of the box, nor end the event loop.
+void showError(const char* message) noexcept
 {
-  Tools::Qt::showErrorBox(QApplication::activeWindow(), "Error detected.", message);
+  try
+  {
+    Tools::Qt::showErrorBox(QApplication::activeWindow(), "Error detected.", message);
+  }
+  catch (...)
+  {
+  }
+}
+
+void logError(const std::exception& e) noexcept
+{
+  try
+  {
+    Kelmar::Functions::Helper::exceptionHandler("8033290760", e, std::cout);
+  }
+  catch (...)
+  {
+  }
 }
 
 } // namespace
@@ -35,12 +55,12 @@ bool Application::_notify(QObject* receiver, QEvent* event)
   }
   catch (const std::exception& e)
   {
-    Detail::showError(e.what());
-    Kelmar::Functions::Helper::exceptionHandler("8033290760", e, std::cout);
+    Detail::showError(e.what() ? e.what() : Detail::unknown);
+    Detail::logError(e);
   }
   catch (...)
   {
-    Detail::showError("Unknown error detected.");
+    Detail::showError(Detail::unknown);
   }
   return false;
 }

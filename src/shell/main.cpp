@@ -2,16 +2,19 @@
 #include "shell/base/ExceptionHandler.h"
 #include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
+#include "shell/base/TerminationReport.h"
 
 #include <cstdlib>
 #include <fstream>
 
 int main(int argc, char** argv)
+try
 {
   using Kelmar::Functions::Helper::exceptionHandler;
   Kelmar::System::preferLargePages();
   Kelmar::System::raiseStackLimit();
   std::ofstream failure("exception.txt", std::ios::out | std::ios::trunc);
+  const Kelmar::Functions::TerminationReport report("1630567380", failure);
   try
   {
     const int result = Brevan::Program::run(argc, argv);
@@ -26,5 +29,9 @@ int main(int argc, char** argv)
   {
     exceptionHandler("1630567380", failure);
   }
+  return EXIT_FAILURE;
+}
+catch (...) // of the report itself
+{
   return EXIT_FAILURE;
 }

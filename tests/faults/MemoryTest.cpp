@@ -85,6 +85,17 @@ TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
   orvex::render::gl::FreeType::destroy();
 }
 
+TEST_F(Memory, ThatRunsOutForTheErrorsBoxLeavesTheLineInTheLog)
+{
+  QAction action(nullptr);
+  QObject::connect(&action, &QAction::triggered,
+                   [] { throw std::runtime_error("a text that needs memory to be copied"); });
+  std::string error;
+  EXPECT_TRUE(failsAtNew(0, false, 1, error, [&] { triggerFromLoop(action); }));
+  EXPECT_EQ(error, "") << "nothing leaves the event loop";
+  EXPECT_EQ(log(), "Error 8033290760: a text that needs memory to be copied\n");
+}
+
 // Only large allocations fail: those of the tree, its layout and its scene, not those of Qt and of
 // the OpenGL driver, which do not stand it.
 TEST_F(Memory, ThatRunsOutIsABoxAndTheWindowGoesOn)

@@ -20,7 +20,12 @@ TEST_F(ApplicationTest, ShowsAFailureThenLogsItAndGoesOn)
   EXPECT_EQ(boxFor([] { throw std::runtime_error("<b>no</b> tree"); }),
             "Error detected.|<b>no</b> tree");
   EXPECT_EQ(boxFor([] { throw 17; }), "Error detected.|Unknown error detected.");
-  EXPECT_EQ(log(), "Error 8033290760: <b>no</b> tree\n");
+  struct Silent : std::exception
+  {
+    const char* what() const noexcept override { return nullptr; }
+  };
+  EXPECT_EQ(boxFor([] { throw Silent(); }), "Error detected.|Unknown error detected.");
+  EXPECT_EQ(log(), "Error 8033290760: <b>no</b> tree\nError 8033290760: \n");
 }
 
 TEST_F(ApplicationTest, LogsMessagesOfQtUnderTheirLevels)

@@ -1,7 +1,8 @@
 #include "shell/base/ExceptionHandler.h"
 
+#include <new>
 #include <ostream>
-#include <sstream>
+#include <string>
 
 namespace Kelmar::Functions::Helper
 {
@@ -12,9 +13,15 @@ namespace
 
 void write(const char* id, const char* text, std::ostream& out)
 {
-  std::ostringstream line;
-  line << "Error " << id << ": " << text << "\n";
-  out << line.str() << std::flush;
+  try
+  {
+    out << std::string("Error ") + id + ": " + text + "\n" << std::flush;
+  }
+  catch (const std::bad_alloc&)
+  {
+    // In pieces it needs no memory: often enough it is the lack of it that is to be reported.
+    out << "Error " << id << ": " << text << "\n" << std::flush;
+  }
 }
 
 } // namespace

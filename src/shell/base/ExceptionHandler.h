@@ -7,7 +7,8 @@ namespace Kelmar::Functions::Helper
 {
 
 /// Reports an exception that was caught: writes the line "Error <id>: <text>" and flushes. The line
-/// is written with a single insertion, so that the lines of two reports do not mix.
+/// is written with a single insertion, so that the lines of two reports do not mix;
+/// in pieces if there is no memory for the whole line.
 ///
 /// \param id  ten decimal digits that belong to the place that reports; for null the function uses
 ///            a number of its own

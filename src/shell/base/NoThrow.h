@@ -8,21 +8,27 @@ namespace Kelmar::Functions
 {
 
 /// Calls a function and lets no exception of it out, as a destructor needs. An exception is
-/// reported by one line on std::cout.
+/// reported by one line on std::cout. If that can not be written, it is lost.
 template <class Function>
-void noThrow(Function function, const char* id)
+void noThrow(Function function, const char* id) noexcept
 {
   try
   {
-    function();
-  }
-  catch (const std::exception& e)
-  {
-    Helper::exceptionHandler(id, e, std::cout);
+    try
+    {
+      function();
+    }
+    catch (const std::exception& e)
+    {
+      Helper::exceptionHandler(id, e, std::cout);
+    }
+    catch (...)
+    {
+      Helper::exceptionHandler(id, std::cout);
+    }
   }
   catch (...)
   {
-    Helper::exceptionHandler(id, std::cout);
   }
 }
 

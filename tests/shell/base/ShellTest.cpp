@@ -1,5 +1,6 @@
 #include "shell/base/Environment.h"
 #include "shell/base/NoThrow.h"
+#include "shell/base/TerminationReport.h"
 #include "shell/base/UserDirectory.h"
 #include "support/Outcome.h"
 
@@ -23,6 +24,22 @@ TEST(Guard, WritesOneLineForAFailureAndGoesOn)
             "Error 8033290760: exception generated when calling wrapped function\n"
             "Error 1129262471: exception generated when calling wrapped function\n"
             "Error 3830268935: why\n");
+}
+
+TEST(Guard, WritesWhyTheProcessEndsWhereNothingCanCatch)
+{
+  const std::string path = newFolder() + "/exception.txt";
+  const std::function<void()> fail = [] { throw std::runtime_error("misuse"); };
+  const auto misuse = [&]() noexcept
+  {
+    std::ofstream file(path);
+    const Kelmar::Functions::TerminationReport report("1630567380", file);
+    fail();
+  };
+  EXPECT_DEATH(misuse(), "misuse");
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  EXPECT_EQ(text.str(), "Error 1630567380: misuse\n");
 }
 
 /// The home directory of the time before comes back at the end.
