@@ -2,6 +2,7 @@
 
 #include "gui/qt/Strings.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
@@ -19,8 +20,16 @@ bool saveImage(const QImage& image, const std::string& name)
   {
     return false;
   }
+  // Encoded before the file is opened, so that only the disk can fail while a file is overwritten.
+  QBuffer encoded;
+  if (!encoded.open(QIODevice::WriteOnly) || !image.save(&encoded, format.constData()))
+  {
+    return false;
+  }
   QSaveFile file(path);
-  return file.open(QIODevice::WriteOnly) && image.save(&file, format.constData()) && file.commit();
+  file.setDirectWriteFallback(true);
+  return file.open(QIODevice::WriteOnly) && file.write(encoded.data()) == encoded.size() &&
+         file.commit();
 }
 
 } // namespace Tools::Qt

@@ -8,7 +8,9 @@ namespace Tools::Qt
 {
 
 /// Writes an image in the format of the name's suffix. The file gets its name only when it is
-/// complete: after a failure an earlier file of that name is unchanged.
+/// complete: after a failure an earlier file of that name is unchanged. Only if no file
+/// can be created in the folder is the earlier file overwritten in place; it is lost if the disk
+/// fails then.
 /// \return whether the file was written
 bool saveImage(const QImage& image, const std::string& name);
 
