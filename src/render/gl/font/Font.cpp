@@ -27,6 +27,12 @@ FT_ULong toCode(char c)
   return static_cast<FT_ULong>(static_cast<signed char>(c));
 }
 
+// Faces without outlines have their own bitmaps, with a bit or a colour for each pixel.
+bool isCoverage(const FT_Bitmap& bitmap)
+{
+  return bitmap.rows == 0 || (bitmap.pixel_mode == FT_PIXEL_MODE_GRAY && bitmap.num_grays == 256);
+}
+
 void copyBitmap(const FT_Bitmap& bitmap, Glyph& glyph)
 {
   for (unsigned int row = 0; row < bitmap.rows; ++row)
@@ -59,7 +65,8 @@ Glyph* Font::getGlyph(char c)
   {
     return known.get();
   }
-  if (FT_Load_Char(_face, Detail::toCode(c), FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) != 0)
+  if (FT_Load_Char(_face, Detail::toCode(c), FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) != 0 ||
+      !Detail::isCoverage(_face->glyph->bitmap))
   {
     return nullptr;
   }

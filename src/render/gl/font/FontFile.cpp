@@ -6,27 +6,63 @@
 
 namespace orvex::render::gl
 {
-
-std::string systemFontFile(const std::string& family)
+namespace Detail
 {
-  using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
+namespace
+{
+
+using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
+using FontSet = std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)>;
+
+bool isScalable(FcPattern* font)
+{
+  FcBool scalable = FcFalse;
+  return FcPatternGetBool(font, FC_SCALABLE, 0, &scalable) == FcResultMatch && scalable;
+}
+
+FontFile fileOf(FcPattern* font)
+{
+  FcChar8* path = nullptr;
+  int index = 0;
+  if (FcPatternGetString(font, FC_FILE, 0, &path) != FcResultMatch)
+  {
+    return {};
+  }
+  FcPatternGetInteger(font, FC_INDEX, 0, &index);
+  return {reinterpret_cast<const char*>(path), index};
+}
+
+} // namespace
+} // namespace Detail
+
+FontFile systemFontFile(const std::string& family)
+{
   if (!FcInit())
   {
     return {};
   }
-  const Pattern wanted(FcPatternCreate(), &FcPatternDestroy);
+  const Detail::Pattern wanted(FcPatternCreate(), &FcPatternDestroy);
   FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
   FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
   FcDefaultSubstitute(wanted.get());
 
   FcResult result = FcResultNoMatch;
-  const Pattern match(FcFontMatch(nullptr, wanted.get(), &result), &FcPatternDestroy);
-  FcChar8* file = nullptr;
-  if (!match || FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch)
+  const Detail::Pattern match(FcFontMatch(nullptr, wanted.get(), &result), &FcPatternDestroy);
+  if (match && Detail::isScalable(match.get()))
   {
-    return {};
+    return Detail::fileOf(match.get());
   }
-  return reinterpret_cast<const char*>(file);
+  // The best one has a fixed size: of all others, which takes longer, the best that has not.
+  const Detail::FontSet all(FcFontSort(nullptr, wanted.get(), FcFalse, nullptr, &result),
+                            &FcFontSetDestroy);
+  for (int i = 0; all && i < all->nfont; ++i)
+  {
+    if (Detail::isScalable(all->fonts[i]))
+    {
+      return Detail::fileOf(all->fonts[i]);
+    }
+  }
+  return {};
 }
 
 } // namespace orvex::render::gl

@@ -5,8 +5,15 @@
 namespace orvex::render::gl
 {
 
-/// The file that this system offers for the font family \p family, as Fontconfig decides; empty if
-/// it offers none.
-std::string systemFontFile(const std::string& family);
+/// A font: a file can hold several.
+struct FontFile
+{
+  std::string path;
+  long index = 0;
+};
+
+/// The scalable font that this system offers for the font family \p family, as Fontconfig decides;
+/// without a path if it offers none.
+FontFile systemFontFile(const std::string& family);
 
 } // namespace orvex::render::gl

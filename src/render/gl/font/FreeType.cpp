@@ -41,10 +41,10 @@ void FreeType::destroy()
   _instance = nullptr;
 }
 
-Font* FreeType::createFont(const std::string& filename)
+Font* FreeType::createFont(const std::string& filename, long index)
 {
   FT_Face face = nullptr;
-  if (FT_New_Face(_library, filename.c_str(), 0, &face) != 0)
+  if (FT_New_Face(_library, filename.c_str(), index, &face) != 0)
   {
     return nullptr;
   }

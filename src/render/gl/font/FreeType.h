@@ -19,8 +19,9 @@ public:
   /// Ends the library, if it was started. Nothing of it may be used afterwards.
   static void destroy();
 
+  /// \param index  of the font in the file
   /// \return a font, to be held by boost::intrusive_ptr, or null if \p filename is no font
-  Font* createFont(const std::string& filename);
+  Font* createFont(const std::string& filename, long index = 0);
 
 private:
   FreeType();

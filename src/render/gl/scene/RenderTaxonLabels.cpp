@@ -5,6 +5,8 @@
 #include "render/gl/font/FreeType.h"
 #include "render/gl/scene/Visitor.h"
 
+#include <cassert>
+
 namespace orvex::render::gl
 {
 namespace Detail
@@ -16,7 +18,12 @@ boost::intrusive_ptr<Font> loadFont()
 {
   FreeType* library = FreeType::instance();
   const boost::intrusive_ptr<Font> font(library->createFont("/Library/Fonts/Arial.ttf"));
-  return font ? font : library->createFont(systemFontFile("Arial"));
+  if (font)
+  {
+    return font;
+  }
+  const FontFile file = systemFontFile("Arial");
+  return library->createFont(file.path, file.index);
 }
 
 } // namespace
@@ -34,6 +41,7 @@ void RenderTaxonLabels::accept(Visitor& visitor)
 
 void RenderTaxonLabels::addText(const Point2D<double>& position, const std::string& text)
 {
+  assert(texts().empty() || position.y <= texts().back()->position().y);
   const boost::intrusive_ptr<Text> label(new Text(position, text, _font));
   _column.add(label);
   _boundingBox.add(label->boundingBox());

@@ -9,7 +9,7 @@ using namespace orvex::render::gl;
 
 static boost::intrusive_ptr<Font> arial()
 {
-  return FreeType::instance()->createFont(systemFontFile("Arial"));
+  return FreeType::instance()->createFont(systemFontFile("Arial").path);
 }
 
 TEST(LabelFont, MakesEachGlyphOnceAt32Pixels)
@@ -77,6 +77,29 @@ struct Column
   boost::intrusive_ptr<RenderTaxonLabels> labels;
   boost::intrusive_ptr<State> state{new State};
 };
+
+TEST(LabelFont, LeavesOutGlyphsOfOneBitForEachPixel)
+{
+  const std::string path = written(newFolder() + "/bits.bdf", R"(STARTFONT 2.1
+FONT -x-bits-medium-r-normal--8-80-75-75-c-80-iso10646-1
+SIZE 8 75 75
+FONTBOUNDINGBOX 8 2 0 0
+CHARS 1
+STARTCHAR A
+ENCODING 65
+SWIDTH 500 0
+DWIDTH 8 0
+BBX 8 2 0 0
+BITMAP
+FF
+FF
+ENDCHAR
+ENDFONT
+)");
+  const boost::intrusive_ptr<Font> font(FreeType::instance()->createFont(path));
+  ASSERT_NE(font, nullptr);
+  EXPECT_EQ(font->getGlyph('A'), nullptr);
+}
 
 // A capital is 23 * 0.46875 = 10.8 pixels high.
 TEST(Label, IsKeptWhereItRunsIntoNoLabelKeptBefore)
