@@ -226,6 +226,8 @@ void MainWindow::_toggleAlwaysShowHighLod()
   orvex::render::DisplaySettings* settings = _viewer ? _viewer->settings() : nullptr;
   if (!settings)
   {
+    // Qt has turned the mark already, if there is one. It stays that of the last viewer.
+    _ui->actionAlways_Show_Tree->setChecked(!_ui->actionAlways_Show_Tree->isChecked());
     return;
   }
   settings->alwaysUseHighLod(!settings->alwaysUseHighLod());

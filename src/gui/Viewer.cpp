@@ -8,11 +8,13 @@
 #include <boost/make_shared.hpp>
 
 #include <QGLFormat>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <stdexcept>
+#include <utility>
 
 namespace Lumbra
 {
@@ -147,6 +149,11 @@ QImage Viewer::picture()
 
 void Viewer::mousePressEvent(QMouseEvent* event)
 {
+  // The release of the drag before is lost if a dialog came up in between.
+  if (event->buttons() == event->button())
+  {
+    _endDrag();
+  }
   _navigate(event);
   update();
 }
@@ -154,8 +161,7 @@ void Viewer::mousePressEvent(QMouseEvent* event)
 void Viewer::mouseReleaseEvent(QMouseEvent* event)
 {
   _navigate(event);
-  _currentMouse.reset();
-  _lastMouse.reset();
+  _endDrag();
   update();
 }
 
@@ -163,6 +169,12 @@ void Viewer::mouseMoveEvent(QMouseEvent* event)
 {
   _navigate(event);
   update();
+}
+
+void Viewer::_endDrag()
+{
+  _currentMouse.reset();
+  _lastMouse.reset();
 }
 
 void Viewer::_navigate(QMouseEvent* event)
@@ -177,6 +189,11 @@ void Viewer::_navigate(QMouseEvent* event)
 
 void Viewer::wheelEvent(QWheelEvent* event)
 {
+  // Turned sideways it has no amount, and a zoom by nothing could still meet a limit.
+  if (event->angleDelta().y() == 0)
+  {
+    return;
+  }
   _view->handleZoom(event->angleDelta().y() / 1000.0);
   update();
 }
@@ -196,11 +213,18 @@ void Viewer::resizeGL(int width, int height)
 {
   QGLWidget::resizeGL(width, height);
   _view->resize(static_cast<unsigned int>(width), static_cast<unsigned int>(height));
+  _wasResized = true;
 }
 
 void Viewer::paintGL()
 {
   _view->render();
+  // On Wayland the buffer of this frame may have been taken at the size before, as a context takes
+  // one when it is made current. The one of the next frame has the new size.
+  if (std::exchange(_wasResized, false) && QGuiApplication::platformName().startsWith("wayland"))
+  {
+    update();
+  }
 }
 
 } // namespace Lumbra

@@ -48,7 +48,8 @@ public:
 
   /// What the widget shows, at its size in pixels. The widget must have been shown.
   QImage picture();
-  /// Writes the picture in the format of the name's suffix. A failure is silent and leaves no file.
+  /// Writes the picture in the format of the name's suffix. A failure is silent and leaves no
+  /// file, or the one that was there.
   void writeImageFile(const std::string& name);
 
 protected:
@@ -61,12 +62,15 @@ protected:
   void paintGL() override;
 
 private:
+  void _endDrag();
   void _navigate(QMouseEvent* event);
 
   boost::intrusive_ptr<orvex::render::View> _view;
   // Null outside a drag; the last one also at the start of a drag.
   boost::shared_ptr<orvex::render::MouseEvent> _currentMouse;
   boost::shared_ptr<orvex::render::MouseEvent> _lastMouse;
+  // No frame was drawn since.
+  bool _wasResized = false;
 };
 
 } // namespace Lumbra

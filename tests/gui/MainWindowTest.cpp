@@ -69,6 +69,9 @@ TEST_F(MainWindowTest, AlwaysShowTreeIsASwitchOfTheShownViewer)
   window._documentOpen(path("five.nwk"));
   EXPECT_FALSE(window.viewer()->settings()->alwaysUseHighLod()) << "a new viewer starts anew";
   EXPECT_TRUE(always.isChecked()) << "only the action changes its mark";
+  window._documentNew();
+  always.trigger();
+  EXPECT_TRUE(always.isChecked()) << "without a viewer it changes nothing";
 }
 
 TEST_F(MainWindowTest, ANewTreeReplacesTheShownOne)

@@ -1,4 +1,5 @@
 #include "render/CameraCladogram.h"
+#include "render/Viewport.h"
 #include "support/Window.h"
 
 #include <QTest>
@@ -67,14 +68,30 @@ TEST_F(ViewerTest, ADragOf30PixelsMovesTheTreeOrZooms)
   }
 }
 
+TEST_F(ViewerTest, APressStartsADragAlsoIfTheLastReleaseWasLost)
+{
+  sendMouse(QEvent::MouseButtonPress, 200, Qt::LeftButton, {});
+  sendMouse(QEvent::MouseMove, 170, Qt::LeftButton, {});
+  const double moved = shift();
+  sendMouse(QEvent::MouseButtonPress, 20, Qt::LeftButton, {});
+  EXPECT_EQ(shift(), moved);
+}
+
 TEST_F(ViewerTest, TheWheelZoomsUnlessItIsTurnedSideways)
 {
-  for (const QPoint turn : {QPoint(120, 0), QPoint(0, 120)})
+  const auto zoomAfter = [this](const QPoint& turn)
   {
     QWheelEvent event(QPointF(5, 5), QPointF(5, 5), {}, turn, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(viewer, &event);
-    EXPECT_NEAR(zoom(), turn.y() ? 1.12 : 1.0, 1e-12);
-  }
+    return zoom();
+  };
+  EXPECT_NEAR(zoomAfter(QPoint(0, 120)), 1.12, 1e-12);
+  EXPECT_NEAR(zoomAfter(QPoint(120, 0)), 1.12, 1e-12);
+  viewer->camera()->zoomByAmount(7.88);
+  orvex::render::Viewport small;
+  small.set(0, 0, 100, 100);
+  viewer->camera()->updateZoomInformation(20, 18, small);
+  EXPECT_NEAR(zoomAfter(QPoint(120, 0)), 9.0, 1e-12) << "above the greatest zoom, as it was";
 }
 
 TEST_F(ViewerTest, SpaceShowsTheWholeTreeAgainOnceTheViewerWasClicked)
