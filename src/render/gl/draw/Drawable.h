@@ -7,8 +7,8 @@ namespace orvex::render::gl
 
 class State;
 
-/// A part of the picture that draws itself. RenderGraph sets the OpenGL state and calls render; the
-/// context is current.
+/// A part of the picture that draws itself, at once or with the batch of the pass. RenderGraph sets
+/// the OpenGL state and calls render; the context is current.
 class Drawable : public Kelmar::Base::Referenced
 {
 public:
