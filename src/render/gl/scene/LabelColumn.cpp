@@ -14,6 +14,19 @@ namespace
 constexpr double tolerance = 0.01;
 constexpr double greatestRow = 1e12;
 
+/// Rows of the window that a label covers.
+struct Range
+{
+  double low;
+  double high;
+
+  /// As the boxes' own test in y.
+  bool overlaps(const Range& other) const
+  {
+    return std::min(high, other.high) >= std::max(low, other.low);
+  }
+};
+
 } // namespace
 } // namespace Detail
 
@@ -41,7 +54,9 @@ void LabelColumn::add(const boost::intrusive_ptr<Text>& text)
   _inner.maximum = {std::min(_inner.maximum.x, box.maximum.x),
                     std::min(_inner.maximum.y, box.maximum.y)};
   _texts.push_back(text);
-  _rows.push_back(text->position().y);
+  const bool hasBox = box.valid();
+  _rows.push_back({text->position().y, hasBox ? static_cast<float>(box.minimum.y) : 0.0f,
+                   hasBox ? static_cast<float>(box.maximum.y) : 0.0f});
 }
 
 // True if on the screen the labels differ only in their rows, and the rows fall down the column.
@@ -84,21 +99,27 @@ LabelColumn::Kept LabelColumn::_thinByRows(const Kelmar::Math::Matrix44d& localT
   // Labels further than that never do.
   const double far = (_outer.maximum.y - _outer.minimum.y + Detail::tolerance) * pixel;
   Kept kept(_texts.size());
-  if (_leastGap > far)
+  if (_leastGap > far) // also where there is no label
   {
     return kept.set();
   }
+  const double x = _texts.front()->position().x;
+  // The very numbers that the box of a label is made of.
+  const auto rangeOf = [&](const Row& row)
+  {
+    const double y = (localToScreen * Kelmar::Math::Vector3d(x, row.y, 0.0))[1];
+    return Detail::Range{y + row.bottom, y + row.top};
+  };
   std::size_t gap = 1;
-  for (std::size_t i = 0; i < _texts.size();)
+  for (std::size_t i = 0; i < _rows.size();)
   {
     kept.set(i);
-    std::size_t next = _firstBelow(_rows[i] - near, i + 1, gap);
-    const double clear = _rows[i] - far;
-    if (next < _texts.size() && _rows[next] >= clear)
+    std::size_t next = _firstBelow(_rows[i].y - near, i + 1, gap);
+    const double clear = _rows[i].y - far;
+    if (next < _rows.size() && _rows[next].y >= clear)
     {
-      const Box2D last = _texts[i]->getBoundingBoxScreenSpace(localToScreen);
-      while (next < _texts.size() && _rows[next] >= clear &&
-             _texts[next]->getBoundingBoxScreenSpace(localToScreen).intersects(last))
+      const Detail::Range last = rangeOf(_rows[i]);
+      while (next < _rows.size() && _rows[next].y >= clear && rangeOf(_rows[next]).overlaps(last))
       {
         ++next;
       }
@@ -115,18 +136,18 @@ std::size_t LabelColumn::_firstBelow(double row, std::size_t start, std::size_t 
 {
   std::size_t low = start;
   std::size_t high = std::min(_rows.size(), start + expected - 1);
-  for (std::size_t step = 1; high < _rows.size() && _rows[high] >= row; step *= 2)
+  for (std::size_t step = 1; high < _rows.size() && _rows[high].y >= row; step *= 2)
   {
     low = high + 1;
     high = std::min(_rows.size(), low + step - 1);
   }
-  if (low < high && _rows[high - 1] >= row)
+  if (low < high && _rows[high - 1].y >= row)
   {
     return high;
   }
   const auto at = [this](std::size_t i) { return _rows.begin() + static_cast<std::ptrdiff_t>(i); };
   const auto first =
-      std::partition_point(at(low), at(high), [row](double other) { return other >= row; });
+      std::partition_point(at(low), at(high), [row](const Row& other) { return other.y >= row; });
   return static_cast<std::size_t>(first - _rows.begin());
 }
 

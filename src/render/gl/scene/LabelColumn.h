@@ -36,13 +36,22 @@ public:
   std::size_t firstBelow(double screenY, const Kelmar::Math::Matrix44d& localToScreen) const;
 
 private:
+  /// Of one label: its anchor's row in world units, and how far it reaches from there in pixels.
+  struct Row
+  {
+    double y;
+    float bottom;
+    float top;
+  };
+
   bool _isSimple(const Kelmar::Math::Matrix44d& localToScreen) const;
   Kept _thinByRows(const Kelmar::Math::Matrix44d& localToScreen) const;
   Kept _thinByBoxes(const Kelmar::Math::Matrix44d& localToScreen) const;
   std::size_t _firstBelow(double row, std::size_t start, std::size_t expected) const;
 
   Texts _texts;
-  std::vector<double> _rows; // of the anchors, in world units
+  // The same once more for a walk through the memory of this alone.
+  std::vector<Row> _rows;
   // Every label has a box, and they are anchored in one column, in falling order.
   bool _isUniform = true;
   double _greatestRow = 0.0;
