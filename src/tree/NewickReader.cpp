@@ -41,7 +41,7 @@ bool toDistance(std::string_view text, double& value)
   return boost::conversion::try_lexical_convert(std::string(text), value);
 }
 
-bool isStructural(char c)
+constexpr bool isStructural(char c)
 {
   return c == '(' || c == ')' || c == ',';
 }
@@ -164,13 +164,12 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
   {
     for (; position < contents.size(); ++position)
     {
-      const std::size_t text = position;
-      while (position < contents.size() && !Detail::isStructural(contents[position]))
-      {
-        ++position;
-      }
-      _token.append(contents, text, position - text);
-      _onStructure(position < contents.size() ? contents[position] : '\0');
+      const char* text = contents.data() + position;
+      const char* textEnd = std::find_if(text, contents.data() + contents.size(),
+                                         [](char c) { return Detail::isStructural(c); });
+      _token.append(text, textEnd);
+      position += static_cast<std::size_t>(textEnd - text);
+      _onStructure(*textEnd); // the text's own end is a null byte
     }
   }
   catch (BadBranchLength& e)
