@@ -4,13 +4,14 @@ import contextlib
 import os
 import pathlib
 import signal
+import socket
 import socketserver
 import subprocess
 import sys
 import threading
 import time
 
-from desktop import NAME, PATIENCE, MainWindow, confirm
+from desktop import NAME, PATIENCE, MainWindow, confirm, wait_for
 
 PROGRAMS = pathlib.Path(*sys.argv[1:2]).resolve()
 VIEWER = PROGRAMS / "orvex-tree-viewer"
@@ -54,9 +55,19 @@ def viewer(folder, before=None, leave=lambda _: confirm(NAME, keys=["alt+F4"]), 
     assert "objects remaining" not in errors, errors
 
 
+def is_free(port):
+    try:
+        socket.create_server(("127.0.0.1", port)).close()
+    except OSError:
+        return False
+    return True
+
+
 @contextlib.contextmanager
 def serving(trees, port=14444, end=signal.SIGTERM):
-    """The real tree service with two trees, up to a good end."""
+    """The real tree service with two trees, up to a good end. The tests of another folder may have
+    the port for a while."""
+    wait_for("the port", lambda: is_free(port))
     server = subprocess.Popen([PROGRAMS / "orvex-tree-service", "--port", str(port), trees],
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
     try:
