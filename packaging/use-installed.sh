@@ -14,7 +14,7 @@ apt-get update -qq
 apt-get install -y -qq ./*.deb >/dev/null
 echo "installed: $(dpkg-query -W "$name"), $(dpkg -l | grep -c '^ii') packages in all"
 ! dpkg-query -W -f '${Package}\n' | grep -e '-dev$' || fail "a development package was pulled in"
-dpkg -L "$name" | grep -E '/(icons|metainfo|applications|man1|examples|bin)/.' | sort
+dpkg -L "$name" | grep -E '\.(1.gz|desktop|nwk|png|svg|xml)$|/bin/.' | sort
 
 apt-get install -y -qq --no-install-recommends man-db imagemagick openbox python3 x11-utils xauth \
   xdotool xvfb >/dev/null
@@ -24,6 +24,7 @@ echo "used: a tree opened by keys, moved, exported as a .tif and read back"
 LIBGL_ALWAYS_SOFTWARE=1 xvfb-run -a orvex-snapshot "/usr/share/doc/$name/examples/great-cats.nwk" cats.png
 
 apt-get purge -y -qq "$name" >/dev/null
-left=$(find / -xdev -iname '*orvex*' -not -path '/root/*' -not -path '/proc/*' -not -path '/var/cache/apt/*')
+# The reader of manuals keeps pages that it has shown.
+left=$(find / -xdev -iname '*orvex*' -not -path '/root/*' -not -path '/var/cache/man/*')
 [ -z "$left" ] || fail "removing left $left"
 echo "removed: nothing is left"
