@@ -4,10 +4,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <new>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -97,46 +100,53 @@ public:
   /// Null if the value is of another type.
   const Object* if_obj() const { return boost::get<Object>(&_variant); }
   const Array* if_array() const { return boost::get<Array>(&_variant); }
+  const String* if_str() const { return boost::get<String>(&_variant); }
   Object* if_obj() { return boost::get<Object>(&_variant); }
   Array* if_array() { return boost::get<Array>(&_variant); }
 
 private:
-  // Moves nested containers into one list, level by level, so that no destructor has to recurse.
+  // Containers are emptied from their ends, without recursion. Of each level only one is open at a
+  // time, so that a wide value takes no further memory.
   void _dismantle()
   {
     std::vector<Value_impl> open;
-    _moveContainersTo(open);
+    _moveIfContainer(open);
     while (!open.empty())
     {
-      Value_impl next = std::move(open.back());
-      open.pop_back();
-      next._moveContainersTo(open);
+      Value_impl last = open.back()._takeLast();
+      if (!open.back()._hasValues())
+      {
+        open.pop_back();
+      }
+      last._moveIfContainer(open);
     }
   }
 
-  void _moveContainersTo(std::vector<Value_impl>& open)
+  bool _hasValues() const
+  {
+    const Array* array = if_array();
+    const Object* object = if_obj();
+    return (array && !array->empty()) || (object && !object->empty());
+  }
+
+  Value_impl _takeLast()
   {
     if (Array* array = if_array())
     {
-      for (Value_impl& value : *array)
-      {
-        value._moveIfContainer(open);
-      }
+      Value_impl last = std::move(array->back());
+      array->pop_back();
+      return last;
     }
-    else if (Object* object = if_obj())
-    {
-      for (auto& entry : *object)
-      {
-        Config::value(entry)._moveIfContainer(open);
-      }
-    }
+    Object& object = *if_obj();
+    const auto entry = std::prev(object.end());
+    Value_impl last = std::move(Config::value(*entry));
+    object.erase(entry);
+    return last;
   }
 
   void _moveIfContainer(std::vector<Value_impl>& open)
   {
-    const Array* array = if_array();
-    const Object* object = if_obj();
-    if ((array && !array->empty()) || (object && !object->empty()))
+    if (_hasValues())
     {
       open.push_back(std::move(*this));
     }
@@ -155,7 +165,7 @@ public:
   using Array = typename Config::Array_type;
   using Object = typename Config::Object_type;
 
-  explicit Builder(Value& root) : _next(&root) {}
+  Builder(Value& root, std::size_t mostValues) : _next(&root), _mostValues(mostValues) {}
 
   bool null() { return _add(typename Value::Null()); }
   bool boolean(bool value) { return _add(value); }
@@ -216,6 +226,11 @@ private:
   // The value to fill: the root, that of the last key, or a new last one of the innermost array.
   Value& _place()
   {
+    if (_numberOfValues++ == _mostValues)
+    {
+      throw std::runtime_error("The answer has more than " + std::to_string(_mostValues) +
+                               " JSON values.");
+    }
     if (_next)
     {
       return *std::exchange(_next, nullptr);
@@ -225,14 +240,22 @@ private:
 
   Value* _next;
   std::vector<Value*> _containers;
+  std::size_t _mostValues;
+  std::size_t _numberOfValues = 0;
 };
 
+/// Enough for a tree of five million leaves. A value takes up to a hundred bytes, its text only
+/// two.
+constexpr std::size_t maximumValues = std::size_t(1) << 25;
+
 /// \return whether \p text is JSON; if not, \p value is null
+/// \throws std::runtime_error  if it has more than \p mostValues values
 template <class Config>
-bool read(const std::string& text, Value_impl<Config>& value)
+bool read(const std::string& text, Value_impl<Config>& value,
+          std::size_t mostValues = maximumValues)
 {
   value = Value_impl<Config>();
-  Builder<Config> builder(value);
+  Builder<Config> builder(value, mostValues);
   if (nlohmann::json::sax_parse(text, &builder))
   {
     return true;

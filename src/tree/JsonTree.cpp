@@ -2,6 +2,7 @@
 
 #include "compat/json_spirit.h"
 #include "shell/base/StackLimit.h"
+#include "tree/BadJsonValue.h"
 #include "tree/Tree.h"
 #include "tree/TreeDepth.h"
 #include "tree/TreeMemory.h"
@@ -60,10 +61,17 @@ unsigned int depthBelow(const Value& root)
 // Separate functions, so that their temporaries take no room in the stack frames of createNode.
 void setName(const Value& node, int id, orvex::Tree& tree)
 {
-  if (const Value* name = find(node, "name"))
+  const Value* name = find(node, "name");
+  if (!name)
   {
-    tree.setName(id, name->get_str());
+    return;
   }
+  if (!name->if_str())
+  {
+    throw BadJsonValue("The \"name\" of node " + std::to_string(id) +
+                       " of the tree service's answer is no text.");
+  }
+  tree.setName(id, name->get_str());
 }
 
 const Value::Array& getChildren(const Value& node, int id)
@@ -78,6 +86,11 @@ const Value::Array& getChildren(const Value& node, int id)
   {
     throw std::runtime_error("Node " + std::to_string(id) +
                              " of the tree service's answer has no \"children\".");
+  }
+  if (!children->if_array())
+  {
+    throw BadJsonValue("The \"children\" of node " + std::to_string(id) +
+                       " of the tree service's answer are no list.");
   }
   return children->get_array();
 }
@@ -103,7 +116,7 @@ static int createNode(const json_spirit::Value_impl<json_spirit::Config_map<std:
 namespace orvex
 {
 
-boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url)
+boost::shared_ptr<Tree> readTree(std::string body, const std::string& url)
 {
   boost::shared_ptr<Tree> tree(new Tree);
   Detail::Value document;
@@ -111,6 +124,7 @@ boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url
   {
     throw std::runtime_error("The tree service did not answer with JSON, URL = " + url);
   }
+  std::string().swap(body); // so that its memory serves the tree
   const Detail::Value* root = Detail::find(document, "root");
   if (!root)
   {

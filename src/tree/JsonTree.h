@@ -14,7 +14,7 @@ class Tree;
 /// \param url  where it came from, for messages
 /// \return never null
 /// \throws std::runtime_error  if the body is no JSON or no tree, or the tree is too deep
-/// \throws boost::bad_get  if a name is no string or a node's children are no array
-boost::shared_ptr<Tree> readTree(const std::string& body, const std::string& url);
+/// \throws BadJsonValue, a boost::bad_get, if a name is no string or a node's children are no array
+boost::shared_ptr<Tree> readTree(std::string body, const std::string& url);
 
 } // namespace orvex

@@ -1,6 +1,7 @@
 #include "tree/JsonTreeList.h"
 
 #include "compat/json_spirit.h"
+#include "tree/BadJsonValue.h"
 #include "tree/TreeData.h"
 
 #include <stdexcept>
@@ -15,7 +16,8 @@ namespace
 
 using Value = json_spirit::Value_impl<json_spirit::Config_vector<std::string>>;
 
-boost::shared_ptr<TreeData> makeRow(const Value::Object& entry)
+// A wrong id throws the boost::bad_get of the value itself, whose text is a fixed one.
+boost::shared_ptr<TreeData> makeRow(const Value::Object& entry, std::size_t number)
 {
   boost::shared_ptr<TreeData> row(new TreeData);
   for (const auto& pair : entry)
@@ -26,6 +28,11 @@ boost::shared_ptr<TreeData> makeRow(const Value::Object& entry)
     }
     else if (pair.name_ == "treeName")
     {
+      if (!pair.value_.if_str())
+      {
+        throw BadJsonValue("The \"treeName\" of entry " + std::to_string(number) +
+                           " of the tree service's list is no text.");
+      }
       row->name = pair.value_.get_str();
     }
   }
@@ -56,7 +63,7 @@ void readTreeList(const std::string& body, const std::string& url,
       throw std::runtime_error("Entry " + std::to_string(i + 1) +
                                " of the tree service's list is no tree, URL = " + url);
     }
-    trees.push_back(Detail::makeRow(*entry));
+    trees.push_back(Detail::makeRow(*entry, i + 1));
   }
 }
 

@@ -4,25 +4,51 @@
 #include "tree/JsonTree.h"
 #include "tree/JsonTreeList.h"
 
+#include <ostream>
 #include <sstream>
 #include <stdexcept>
+#include <streambuf>
+#include <utility>
 
 namespace orvex
 {
+
+namespace Detail
+{
+namespace
+{
+
+/// Writes to a string that can be moved out; that of a string stream can only be copied.
+class StringBuffer : public std::streambuf
+{
+public:
+  std::string text;
+
+protected:
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override
+  {
+    text.append(bytes, static_cast<std::size_t>(count));
+    return count;
+  }
+};
+
+} // namespace
+} // namespace Detail
 
 const char* const treeServiceUrl = ORVEX_TREE_SERVICE_URL;
 
 std::string downloadText(const std::string& url)
 {
-  std::ostringstream stream;
+  Detail::StringBuffer buffer;
+  std::ostream stream(&buffer);
   Kelmar::Network::Http http(url);
   http.download(&stream, 0);
-  // A string stream without memory discards its input; only its state tells so.
+  // A stream without memory discards its input; only its state tells so.
   if (!stream)
   {
     throw std::runtime_error("There is not enough memory for the answer of " + url);
   }
-  return stream.str();
+  return std::move(buffer.text);
 }
 
 void downloadTreeListFrom(const std::string& service,

@@ -1,6 +1,7 @@
 #include "tree/JsonTree.h"
 #include "tree/JsonTreeList.h"
 
+#include "compat/json_spirit.h"
 #include "support/Outcome.h"
 #include "tree/Tree.h"
 #include "tree/TreeData.h"
@@ -37,7 +38,8 @@ TEST(TreeService, ListsItsTreesUpToTheFirstFault)
         Case{"the greatest integer and the next", R"([{"id":2147483647},{"id":2147483648}])",
              "7 old;2147483647 ;boost::bad_get"},
         Case{"below the least integer", R"([{"id":-2147483649}])", "7 old;boost::bad_get"},
-        Case{"a name that is no text", R"([{"treeName":null}])", "7 old;boost::bad_get"},
+        Case{"a name that is no text", R"([{"treeName":null}])",
+             "7 old;The \"treeName\" of entry 1 of the tree service's list is no text."},
         Case{"an entry that is no object", R"([{"id":1},2])", "7 old;1 ;Entry 2 of"},
         Case{"no list", R"({"error":"no such page"})",
              "7 old;The tree service did not answer with a list of"},
@@ -72,8 +74,10 @@ TEST(TreeService, GivesATreeOrSaysWhatIsWrongWithIt)
         Case{"no object", R"([{"root":{}}])", "a tree, URL = here"},
         Case{"a root that is no object", R"({"root":[]})", "Node 0 of"},
         Case{"a node without children", R"({"root":{"children":[{"name":"a"}]}})", "Node 1 of"},
-        Case{"children that are no list", R"({"root":{"children":{}}})", "boost::bad_get"},
-        Case{"a name that is no text", R"({"root":{"name":5,"children":[]}})", "boost::bad_get"},
+        Case{"children that are no list", R"({"root":{"children":{}}})",
+             "The \"children\" of node 0 of the tree service's answer are no list."},
+        Case{"a name that is no text", R"({"root":{"name":5,"children":[]}})",
+             "The \"name\" of node 0 of the tree service's answer is no text."},
         Case{"half an answer", R"({"root":)", "JSON, URL = here"},
         Case{"a million open lists", deep, "JSON, URL = here"},
         Case{"the same, closed", deep + std::string(deep.size(), ']'), "a tree, URL = here"}})
@@ -82,4 +86,12 @@ TEST(TreeService, GivesATreeOrSaysWhatIsWrongWithIt)
     const std::string error = errorOf([&] { tree = describe(*orvex::readTree(c.text, "here")); });
     EXPECT_THAT(tree + error, testing::HasSubstr(c.expected)) << c.what;
   }
+}
+
+TEST(TreeService, RefusesAnAnswerOfTooManyValues)
+{
+  json_spirit::Value_impl<json_spirit::Config_map<std::string>> value;
+  EXPECT_TRUE(json_spirit::read(R"([[],{"a":1}])", value, 4));
+  EXPECT_THAT(errorOf([&] { json_spirit::read(R"([[],{"a":1}])", value, 3); }),
+              testing::HasSubstr("more than 3 JSON values"));
 }
