@@ -17,8 +17,10 @@
 
 #include <boost/core/noncopyable.hpp>
 
+#include <iostream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace orvex::render::gl
 {
@@ -66,12 +68,22 @@ private:
 };
 
 #ifndef NDEBUG
+// The first one is shown to the user. Its box uncovers the view, which is drawn again, and so on:
+// the following ones are only logged.
 void requireNoError()
 {
-  if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+  const GLenum error = glGetError();
+  if (error == GL_NO_ERROR)
   {
-    throw std::logic_error("OpenGL error " + std::to_string(error) + " in or before a frame");
+    return;
   }
+  const std::string text = "OpenGL error " + std::to_string(error) + " in or before a frame";
+  static bool wasShown = false;
+  if (!std::exchange(wasShown, true))
+  {
+    throw std::logic_error(text);
+  }
+  std::cout << text + "\n" << std::flush;
 }
 #endif
 
