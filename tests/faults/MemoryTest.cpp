@@ -6,33 +6,26 @@
 #include "tree/JsonTreeList.h"
 #include "tree/TreeData.h"
 
-#include <gmock/gmock.h>
-
-#include <cstdlib>
 #include <new>
 
 extern char __executable_start, etext; // where the linker puts the program's own code
 
-namespace
-{
-
-using namespace orvex::test;
-
-thread_local struct
+static thread_local struct
 {
   bool armed, failed, everAfter;
   long left;
   std::size_t leastSize;
 } plan{};
 
-/// Does something while operator new of this thread fails at its n-th call, counted from 0: then
-/// only, or then and ever after.
+/// Does something while operator new of this thread fails at its n-th call, counted from 0: at that
+/// call only, or also at all later ones.
 /// \param leastSize  above 0: only calls by the program's own code for that many bytes count, not
 ///                   those of shared libraries
 /// \param error  becomes the text of the exception that came out; too short to need memory
 /// \return whether a call was refused
 template <class Action>
-bool failsAtNew(long n, bool everAfter, std::size_t leastSize, std::string& error, Action action)
+static bool failsAtNew(long n, bool everAfter, std::size_t leastSize, std::string& error,
+                       Action action)
 {
   plan = {true, false, everAfter, n, leastSize};
   error = errorOf(action);
@@ -40,7 +33,7 @@ bool failsAtNew(long n, bool everAfter, std::size_t leastSize, std::string& erro
   return plan.failed;
 }
 
-bool refuses(std::size_t size, const void* caller)
+static bool refuses(std::size_t size, const void* caller)
 {
   const bool isOurs = caller > &__executable_start && caller < &etext;
   if (!plan.armed || size < plan.leastSize || (plan.leastSize > 0 && !isOurs) || plan.left-- > 0)
@@ -51,10 +44,12 @@ bool refuses(std::size_t size, const void* caller)
   return plan.failed = true;
 }
 
-using Memory = DisplayTest;
+class MemoryTest : public DisplayTest
+{
+};
 
 // Lets each allocation of a step fail in turn, until the step needs no more of them.
-TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
+TEST_F(MemoryTest, RunningOutThrowsAndLeavesNothingBehind)
 {
   const std::string newick = "((alpha:1,a name longer than a small string:2)x,(c,(d,e)):3);";
   const auto tree = orvex::NewickReader().parseContents(newick);
@@ -79,13 +74,13 @@ TEST_F(Memory, ThatRunsOutIsAnExceptionAndLeavesNothingBehind)
       EXPECT_TRUE(error.empty() || (failed && error == "std::bad_alloc"));
       ASSERT_EQ(Helper::instanceManager.numberOfObjects(), 0u) << "allocation " << n;
     }
-    EXPECT_FALSE(failed) << "at last there was memory enough";
+    EXPECT_FALSE(failed) << "the last round had memory enough";
     EXPECT_GT(n, 10);
   }
   orvex::render::gl::FreeType::destroy();
 }
 
-TEST_F(Memory, ThatRunsOutForTheErrorsBoxLeavesTheLineInTheLog)
+TEST_F(MemoryTest, RunningOutForTheErrorsBoxLeavesTheLineInTheLog)
 {
   QAction action(nullptr);
   QObject::connect(&action, &QAction::triggered,
@@ -97,15 +92,15 @@ TEST_F(Memory, ThatRunsOutForTheErrorsBoxLeavesTheLineInTheLog)
 }
 
 // Only large allocations fail: those of the tree, its layout and its scene, not those of Qt and of
-// the OpenGL driver, which do not stand it.
-TEST_F(Memory, ThatRunsOutIsABoxAndTheWindowGoesOn)
+// the OpenGL driver, which would end the program.
+TEST_F(MemoryTest, RunningOutShowsABoxAndTheWindowGoesOn)
 {
   const std::string name = file("large.nwk", "(a" + std::string(20000, ',') + ");");
   const std::string start = "Error Loading File " + name + "|Error 2991944830: ";
   Window window;
   window.show();
   const std::size_t base = Helper::instanceManager.numberOfObjects();
-  std::string error; // that nothing shows
+  std::string error; // one that no box shows
   int n = 0;
   for (bool failed = true; failed && n < 500; ++n)
   {
@@ -124,10 +119,8 @@ TEST_F(Memory, ThatRunsOutIsABoxAndTheWindowGoesOn)
     ASSERT_EQ(Helper::instanceManager.numberOfObjects(), base);
   }
   EXPECT_GT(n, 10);
-  EXPECT_LT(n, 500) << "at last the tree is shown";
+  EXPECT_LT(n, 500) << "in the last round the tree is shown";
 }
-
-} // namespace
 
 void* operator new(std::size_t size)
 {

@@ -6,8 +6,6 @@
 
 #include <httplib.h>
 
-#include <gmock/gmock.h>
-
 #include <QTest>
 #include <QTreeWidget>
 #include <QWheelEvent>
@@ -189,7 +187,7 @@ TEST_F(RandomInteractionTest, BreaksNothing)
       {
         QWidget& widget = below(2) ? target() : window;
         widget.resize(below(50) == 0  ? QSize(1 + below(3000), 1 + below(2000))
-                      : below(4) == 0 ? QSize(1, 1) // which only the viewer alone can be
+                      : below(4) == 0 ? QSize(1, 1) // only the viewer alone can be so small
                                       : QSize(1 + below(500), 1 + below(400)));
       },
       [&] { sendWheel(target()); },

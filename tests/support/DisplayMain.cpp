@@ -20,7 +20,8 @@ int main(int argc, char** argv)
   QCoreApplication::setApplicationName("Orvex Tree Viewer");
   const int result = RUN_ALL_TESTS();
 #ifdef __SANITIZE_ADDRESS__
-  // While those libraries are still loaded by whose names leaks of theirs are left out.
+  // Leaks of other libraries are left out by these libraries' names, so they have to be loaded
+  // still.
   __lsan_do_leak_check();
 #endif
   return result;

@@ -35,7 +35,7 @@ protected:
   std::string path(const std::string& name) const { return _home + "/" + name; }
   std::string file(const std::string& name, const std::string& text) const
   {
-    return orvex::test::written(path(name), text);
+    return written(path(name), text);
   }
 
   /// What was written to std::cout so far.
@@ -43,7 +43,7 @@ protected:
 
 private:
   std::size_t _objects = Helper::instanceManager.numberOfObjects();
-  std::string _home = orvex::test::newFolder();
+  std::string _home = newFolder();
   std::ostringstream _log;
   std::streambuf* _before = std::cout.rdbuf(_log.rdbuf());
 };

@@ -70,12 +70,3 @@ inline std::string written(const std::string& path, const std::string& contents)
   std::ofstream(path, std::ios_base::binary) << contents;
   return path;
 }
-
-namespace orvex::test
-{
-using ::errorOf;
-using ::newFolder;
-using ::printed;
-using ::TextCase;
-using ::written;
-} // namespace orvex::test

@@ -12,9 +12,3 @@ std::string callsOf(const std::function<void()>& action);
 
 /// Adds a line of the test's own to the calls.
 void noteCall(const std::string& line);
-
-namespace orvex::test
-{
-using ::callsOf;
-using ::noteCall;
-} // namespace orvex::test

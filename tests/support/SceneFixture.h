@@ -32,9 +32,3 @@ struct Scene
 
   orvex::render::gl::SceneBuilder builder;
 };
-
-namespace orvex::test
-{
-using ::randomNewick;
-using ::Scene;
-} // namespace orvex::test

@@ -48,12 +48,3 @@ inline void triggerFromLoop(QAction& action)
   QMetaObject::invokeMethod(&action, "trigger", Qt::QueuedConnection);
   QCoreApplication::sendPostedEvents(&action);
 }
-
-namespace orvex::test
-{
-using ::boxAfter;
-using ::confirm;
-using ::triggerFromLoop;
-using ::type;
-using ::Window;
-} // namespace orvex::test

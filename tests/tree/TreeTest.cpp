@@ -14,7 +14,7 @@ TEST(Tree, CountsAndListsItsNodes)
   {
     EXPECT_EQ(tree.createNode(), i);
   }
-  tree.setRelationship(2, 4); // 0 and 1 to 3 stay apart
+  tree.setRelationship(2, 4); // nodes 0 and 1 stay alone
   tree.setRelationship(2, 3);
   tree.setRootNodeId(2);
   EXPECT_EQ(tree.getNumberOfLeafNodes(), 4u) << "also those that the root does not reach";

@@ -17,7 +17,7 @@ static std::string download(const std::string& url, unsigned int timeoutMillisec
   return error.empty() ? stream.str() : error;
 }
 
-// What a real server does is seen where the viewer asks one.
+// The tests in e2e/ ask a real tree service.
 TEST(Http, DeliversAWholeBodyUpToItsLimit)
 {
   const std::string folder = newFolder();

@@ -209,6 +209,6 @@ TEST(Culling, ShowsNoProxiesAtTheGreatestZoomAndNoLabelsWithoutText)
   EXPECT_EQ(cull(scene, {0, 1}).proxies, 0u) << "only one level";
   EXPECT_EQ(cull(scene, {0, 10, 1.0, 0.0, true}).proxies, 0u) << "the user's switch";
   EXPECT_EQ(cull(scene, {4, 10, 1.0, 0.0, false, false}).labels, 0u) << "no text";
-  // No label is dropped: the pass before decided nothing.
+  // All labels in view: the pass without text chose none for this level.
   EXPECT_EQ(cull(scene, {4, 10, 60.0}).labels, 11u) << "58 pixels a leaf";
 }
