@@ -93,7 +93,7 @@ private:
       static const std::regex expected(
           "Tree info\\|Number of nodes: [0-9]+\nNumber of leaves: [0-9]+|"
           "Error Loading File .*\\|Error 2991944830: (Unexpected comma encountered|"
-          "bad lexical cast.*|.*No such file or directory.*)\n|"
+          "Line 1, column 4: \"x\" is no branch length.*|.*No such file or directory.*)\n|"
           "Error detected\\.\\|(Error 3886626924: .*connect.*|The tree service did not answer "
           "with.*|Node .*|boost::bad_get.*)");
       const std::string text = confirm(*box);
