@@ -39,10 +39,11 @@ def run(folder, program, *arguments, **variables):
 
 
 @contextlib.contextmanager
-def viewer(folder, before=None, leave=lambda _: confirm(NAME, keys=["alt+F4"]), **variables):
+def viewer(folder, *arguments, before=None, leave=lambda _: confirm(NAME, keys=["alt+F4"]),
+           **variables):
     """The program, from its window to a good end."""
     (folder / "wide.nwk").write_text(TREE)
-    process = subprocess.Popen([VIEWER], cwd=folder, env=environment(folder, **variables),
+    process = subprocess.Popen([VIEWER, *arguments], cwd=folder, env=environment(folder, **variables),
                                preexec_fn=before, stderr=subprocess.PIPE, text=True)
     try:
         main = MainWindow(folder)

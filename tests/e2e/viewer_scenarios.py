@@ -6,7 +6,7 @@ import resource
 import signal
 import subprocess
 
-from desktop import NAME, confirm, pixels, wait_for, xdotool
+from desktop import NAME, confirm, lit, pixels, wait_for, xdotool
 from programs import (FAILED, LIST, LOG, SETTINGS, TREE, VIEWER, environment, good, run, scenario,
                       service, serving, viewer)
 
@@ -76,7 +76,7 @@ def fill_disk():
 
 @scenario
 def nothing_can_be_written(folder):
-    with viewer(folder, fill_disk) as main:
+    with viewer(folder, before=fill_disk) as main:
         shown = main.show()
         main.export(folder / "picture.png")
         main.stays(shown)
@@ -87,6 +87,20 @@ def nothing_can_be_written(folder):
         shown = main.show()
         main.export("/proc/picture.png")
         main.stays(shown)
+
+
+@scenario
+def second_start(folder):
+    """Nothing stays of the files of the first one, and a file name given to it opens nothing."""
+    (folder / LOG).parent.mkdir(parents=True)
+    for name in (LOG, "exception.txt"):
+        (folder / name).write_text("before\n")
+    with viewer(folder, "wide.nwk") as main:
+        xdotool("key", "ctrl+o")
+        confirm("Open", keys=["Escape"])  # all that came before is done
+        assert lit(main.screenshot()) == 0
+    assert (folder / "exception.txt").read_text() == ""
+    assert "before" not in (folder / LOG).read_text()
 
 
 @scenario
@@ -113,6 +127,7 @@ def bad_service(folder):
     with service() as (server, proxy), viewer(folder, **proxy) as main:
         shown = main.show()
         to_file = b"HTTP/1.0 302 Found\r\nLocation: file:///etc/passwd\r\n\r\n"
+        moved = b"HTTP/1.0 302 Found\r\nLocation: /moved\r\nContent-Length: 2\r\n\r\n[]"
         whatever_status = good(LIST).replace(b"200 OK", b"404 Not Found")
         for pieces, title in (([], FAILED), ([good(LIST)[:-9]], FAILED), ([noise], FAILED),
                               ([to_file], FAILED), ([whatever_status], "Dialog"),
@@ -121,6 +136,7 @@ def bad_service(folder):
             main.menu("Open from tesmar")
             confirm(title, keys=["Down", "Down", "Escape"])
             main.stays(shown)
+        server.pieces = lambda request: [good(LIST) if b"/moved " in request else moved]
         main.menu("Open from tesmar")
         confirm("Dialog")  # no row is selected yet
         main.stays(shown)
