@@ -220,10 +220,12 @@ void Viewer::paintGL()
 {
   _view->render();
   // On Wayland the buffer of this frame may have been taken at the size before, as a context takes
-  // one when it is made current. The one of the next frame has the new size.
+  // one when it is made current; that of the next frame has the new size. A compositor may show
+  // this surface only from the next repaint of its window on.
   if (std::exchange(_wasResized, false) && QGuiApplication::platformName().startsWith("wayland"))
   {
     update();
+    window()->update();
   }
 }
 
