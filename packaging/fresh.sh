@@ -18,7 +18,7 @@ folder=$(realpath "$1")
 if [ -z "${ORVEX_FRESH:-}" ]; then
   ORVEX_FRESH=1 unshare --mount --pid --fork --kill-child "$PWD/packaging/fresh.sh" "$folder" &
   work=$!
-  trap 'kill -KILL $work 2>/dev/null; wait; rm -rf --one-file-system "$folder"/{bare,build,use}' EXIT
+  trap 'kill -KILL $work 2>/dev/null || true; wait; rm -rf --one-file-system "$folder"/{bare,build,use}' EXIT
   wait $work
   exit
 fi
