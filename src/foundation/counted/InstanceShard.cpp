@@ -47,6 +47,7 @@ void InstanceShard::list(States& states) const
       if (state != State::None)
       {
         const std::uintptr_t address = (number << _chunkBits) + (slot << _slotBits);
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the place of the bits is all that is kept
         states.emplace(reinterpret_cast<const Careful*>(address), state);
       }
     }

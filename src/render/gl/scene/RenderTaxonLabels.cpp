@@ -17,7 +17,7 @@ namespace
 boost::intrusive_ptr<Font> loadFont()
 {
   FreeType* library = FreeType::instance();
-  const boost::intrusive_ptr<Font> font(library->createFont("/Library/Fonts/Arial.ttf"));
+  boost::intrusive_ptr<Font> font(library->createFont("/Library/Fonts/Arial.ttf"));
   if (font)
   {
     return font;
