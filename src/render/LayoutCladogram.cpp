@@ -66,7 +66,7 @@ void placeParent(int node, NodeLayoutInfo& record, LayoutInfo& info)
   double sum = 0.0;
   for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
   {
-    const NodeLayoutInfo& below = info.info->layoutInfoForNode(static_cast<int>(*child));
+    const NodeLayoutInfo& below = info.info->layoutInfoForNode(*child);
     record.depthToLeaf = std::max(record.depthToLeaf, below.depthToLeaf + 1);
     sum += below.position.y;
   }
@@ -75,7 +75,7 @@ void placeParent(int node, NodeLayoutInfo& record, LayoutInfo& info)
   record.edges.reserve(numberOfChildren);
   for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
   {
-    const NodeLayoutInfo& below = info.info->layoutInfoForNode(static_cast<int>(*child));
+    const NodeLayoutInfo& below = info.info->layoutInfoForNode(*child);
     record.edges.emplace_back(new CladogramEdge(record.position, below.position));
     record.boundingBox.add(below.position);
     record.boundingBox.add(below.boundingBox);
@@ -95,7 +95,7 @@ void layoutChildren(int node, LayoutInfo& info, unsigned int depth)
   }
   for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
   {
-    layoutChildren(static_cast<int>(*child), info, depth + 1);
+    layoutChildren(*child, info, depth + 1);
   }
   placeParent(node, record, info);
 }

@@ -46,21 +46,13 @@ constexpr bool isStructural(char c)
   return c == '(' || c == ')' || c == ',';
 }
 
-// The number of nodes that the reader makes of a text: one for each "(", and one for each "," or
-// ")" that ends a leaf. An item ends a leaf if its last structural character was no ")".
+// The number of nodes that a text of one tree becomes: each "(" is a node, and each item that is
+// none is a leaf. A group has one item more than it has commas.
 std::size_t countNodes(const std::string& contents)
 {
-  std::size_t nodes = 0;
-  bool childClosed = false;
-  for (const char c : contents)
-  {
-    if (isStructural(c))
-    {
-      nodes += c == '(' || !childClosed ? 1 : 0;
-      childClosed = c == ')';
-    }
-  }
-  return nodes;
+  const auto count = [&contents](char c)
+  { return static_cast<std::size_t>(std::count(contents.begin(), contents.end(), c)); };
+  return count('(') + count(',') + 1;
 }
 
 std::string readLines(const std::string& filename)
@@ -167,9 +159,9 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
       const char* text = contents.data() + position;
       const char* textEnd = std::find_if(text, contents.data() + contents.size(),
                                          [](char c) { return Detail::isStructural(c); });
-      _token.append(text, textEnd);
-      position += static_cast<std::size_t>(textEnd - text);
-      _onStructure(*textEnd); // the text's own end is a null byte
+      const auto size = static_cast<std::size_t>(textEnd - text);
+      position += size;
+      _onStructure(*textEnd, std::string_view(text, size)); // the text's own end is a null byte
     }
   }
   catch (BadBranchLength& e)
@@ -181,25 +173,25 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
   return _tree;
 }
 
-void NewickReader::_onStructure(char c)
+void NewickReader::_onStructure(char c, std::string_view before)
 {
   switch (c)
   {
   case '(':
-    _onOpenParentheses();
+    _onOpenParentheses(before);
     break;
   case ')':
-    _onCloseParentheses();
+    _onCloseParentheses(before);
     break;
   case ',':
-    _onComma();
+    _onComma(before);
     break;
   default: // the end of the text
     break;
   }
 }
 
-void NewickReader::_onOpenParentheses()
+void NewickReader::_onOpenParentheses(std::string_view before)
 {
   if (!_tree)
   {
@@ -210,12 +202,12 @@ void NewickReader::_onOpenParentheses()
   if (_depth == 0)
   {
     _depth = 1;
-    _token.clear();
+    _carried.clear();
     _tree->setRootNodeId(id);
   }
   else
   {
-    // The token stays: text before a nested "(" becomes the front of the next name.
+    _carried += before;
     ++_depth;
     _tree->setRelationship(_nodeStack.top(), id);
   }
@@ -223,58 +215,62 @@ void NewickReader::_onOpenParentheses()
   _childClosed = false;
 }
 
-void NewickReader::_onComma()
+void NewickReader::_onComma(std::string_view before)
 {
   if (_nodeStack.empty())
   {
     throw std::runtime_error("Unexpected comma encountered");
   }
-  _finishItem();
+  _finishItem(before);
   _childClosed = false;
 }
 
-void NewickReader::_onCloseParentheses()
+void NewickReader::_onCloseParentheses(std::string_view before)
 {
   --_depth;
   if (_nodeStack.empty())
   {
     throw std::runtime_error("Unexcepted ')' encountered");
   }
-  _finishItem();
+  _finishItem(before);
   _nodeStack.pop();
   _childClosed = true;
 }
 
-// The current token names the child that was just closed; without one it is a new leaf.
-void NewickReader::_finishItem()
+// The token names the child that was just closed; without one it is a new leaf.
+void NewickReader::_finishItem(std::string_view token)
 {
+  if (!_carried.empty())
+  {
+    _carried += token;
+    token = _carried;
+  }
   const int parent = _nodeStack.top();
   if (_childClosed)
   {
-    _parseAnnotation(_tree->getChild(parent, _tree->getNumChildren(parent) - 1));
+    _parseAnnotation(_tree->getChild(parent, _tree->getNumChildren(parent) - 1), token);
   }
   else
   {
     const int id = _tree->createNode();
-    _parseAnnotation(id);
+    _parseAnnotation(id, token);
     _tree->setRelationship(parent, id);
   }
-  _token.clear();
+  _carried.clear();
 }
 
-void NewickReader::_parseAnnotation(int id)
+void NewickReader::_parseAnnotation(int id, std::string_view token)
 {
-  const std::size_t colon = _token.find(':');
-  if (colon == std::string::npos)
+  const std::size_t colon = token.find(':');
+  _tree->setName(id, std::string(token.substr(0, colon)));
+  if (colon == std::string_view::npos)
   {
-    _tree->setName(id, _token);
     return;
   }
-  _tree->setName(id, _token.substr(0, colon));
   double distance = 0.0;
-  if (!Detail::toDistance(std::string_view(_token).substr(colon + 1), distance))
+  if (!Detail::toDistance(token.substr(colon + 1), distance))
   {
-    throw BadBranchLength(_token);
+    throw BadBranchLength(std::string(token));
   }
   _tree->setDistanceToParent(id, distance);
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <stack>
 #include <string>
+#include <string_view>
 
 namespace orvex
 {
@@ -37,19 +38,21 @@ public:
   boost::shared_ptr<Tree> parseContents(const std::string& contents);
 
 private:
-  void _onStructure(char c);
-  void _onOpenParentheses();
-  void _onComma();
-  void _onCloseParentheses();
-  void _finishItem();
-  void _parseAnnotation(int id);
+  // Each with the text before the character.
+  void _onStructure(char c, std::string_view before);
+  void _onOpenParentheses(std::string_view before);
+  void _onComma(std::string_view before);
+  void _onCloseParentheses(std::string_view before);
+  void _finishItem(std::string_view token);
+  void _parseAnnotation(int id, std::string_view token);
 
   boost::shared_ptr<Tree> _tree;
   std::stack<int> _nodeStack;
-  std::string _token;
+  // Text before a nested "(", which becomes the front of the next token.
+  std::string _carried;
   std::size_t _expectedNodes = 0;
   int _depth = 0;
-  // The last structural character was a ")": the current token names the node just closed.
+  // The last structural character was a ")": the next token names the node just closed.
   bool _childClosed = false;
 };
 

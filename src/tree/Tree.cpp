@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace orvex
 {
@@ -20,7 +21,7 @@ void findLeafNodes(const Tree& tree, int id, std::vector<int>& leaves)
   }
   for (auto [child, end] = tree.getChildren(id); child != end; ++child)
   {
-    findLeafNodes(tree, static_cast<int>(*child), leaves);
+    findLeafNodes(tree, *child, leaves);
   }
 }
 
@@ -29,7 +30,7 @@ int getNumAllChildren(const Tree& tree, int id)
   int count = 1;
   for (auto [child, end] = tree.getChildren(id); child != end; ++child)
   {
-    count += getNumAllChildren(tree, static_cast<int>(*child));
+    count += getNumAllChildren(tree, *child);
   }
   return count;
 }
@@ -39,7 +40,7 @@ unsigned int findMaximumDepthToLeaf(const Tree& tree, int id, unsigned int depth
   unsigned int deepest = depth;
   for (auto [child, end] = tree.getChildren(id); child != end; ++child)
   {
-    deepest = std::max(deepest, findMaximumDepthToLeaf(tree, static_cast<int>(*child), depth + 1));
+    deepest = std::max(deepest, findMaximumDepthToLeaf(tree, *child, depth + 1));
   }
   return deepest;
 }
@@ -60,47 +61,59 @@ void requireIds(std::size_t numberOfNodes)
 void Tree::reserve(std::size_t numberOfNodes)
 {
   Detail::requireIds(numberOfNodes);
-  _graph.m_vertices.reserve(numberOfNodes);
+  _nodes.reserve(numberOfNodes);
 }
 
 int Tree::createNode()
 {
-  Detail::requireIds(boost::num_vertices(_graph) + 1);
-  const Vertex vertex = boost::add_vertex(_graph);
-  _graph[vertex].distanceToParent = 0.0;
-  return static_cast<int>(vertex);
+  Detail::requireIds(_nodes.size() + 1);
+  _nodes.emplace_back();
+  return static_cast<int>(_nodes.size() - 1);
 }
 
 void Tree::setRelationship(int parent, int child)
 {
-  boost::add_edge(_vertex(parent), _vertex(child), _graph);
+  Node& node = _node(parent);
+  const unsigned int inRecord = static_cast<unsigned int>(node.children.size());
+  if (node.numberOfChildren < inRecord)
+  {
+    node.children[node.numberOfChildren] = child;
+  }
+  else if (node.numberOfChildren == inRecord)
+  {
+    _longLists.push_back({node.children[0], node.children[1], child});
+    node.children[0] = static_cast<int>(_longLists.size() - 1);
+  }
+  else
+  {
+    _longLists[static_cast<std::size_t>(node.children[0])].push_back(child);
+  }
+  ++node.numberOfChildren;
 }
 
-void Tree::setName(int id, const std::string& name)
+void Tree::setName(int id, std::string name)
 {
-  _graph[_vertex(id)].name = name;
-}
-
-void Tree::setDistanceToParent(int id, double distance)
-{
-  _graph[_vertex(id)].distanceToParent = distance;
+  Node& node = _node(id);
+  if (node.name >= 0)
+  {
+    _names[static_cast<std::size_t>(node.name)] = std::move(name);
+  }
+  else if (!name.empty())
+  {
+    _names.push_back(std::move(name));
+    node.name = static_cast<int>(_names.size() - 1);
+  }
 }
 
 unsigned int Tree::getNumberOfNodes() const
 {
-  return static_cast<unsigned int>(boost::num_vertices(_graph));
+  return static_cast<unsigned int>(_nodes.size());
 }
 
 unsigned int Tree::getNumberOfLeafNodes() const
 {
-  const auto [first, last] = boost::vertices(_graph);
   return static_cast<unsigned int>(std::count_if(
-      first, last, [this](Vertex vertex) { return boost::out_degree(vertex, _graph) == 0; }));
-}
-
-int Tree::getChild(int id, unsigned int index)
-{
-  return static_cast<int>(*(boost::adjacent_vertices(_vertex(id), _graph).first + index));
+      _nodes.begin(), _nodes.end(), [](const Node& node) { return node.numberOfChildren == 0; }));
 }
 
 void Tree::getLeafNodes(int id, std::vector<int>& leaves)

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <boost/core/noncopyable.hpp>
-#include <boost/graph/adjacency_list.hpp>
 
+#include <array>
 #include <cstddef>
+#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,23 +18,13 @@ namespace orvex
 /// Nodes are numbered densely from 0 in the order of their creation, and never removed. Children
 /// keep the order in which they were added: the order of the source from left to right. No node
 /// knows its parent. Ids and child indexes are not checked; they come from the tree itself.
+///
+/// Most nodes have no or two children, and only leaves have names. So a node's record has room for
+/// two children, and names and longer lists of children are kept apart.
 class Tree : private boost::noncopyable
 {
 public:
-  /// The record of a node.
-  struct VertexProperty
-  {
-    std::string name;
-    /// Length of the branch to the parent; 0.0 for none, and for a given 0.0.
-    double distanceToParent = 0.0;
-  };
-
-private:
-  using Graph = boost::adjacency_list<boost::vecS, boost::vecS, boost::directedS, VertexProperty,
-                                      boost::no_property, boost::no_property, boost::listS>;
-
-public:
-  using ChildIterator = boost::graph_traits<Graph>::adjacency_iterator;
+  using ChildIterator = const int*;
 
   Tree() = default;
   virtual ~Tree() = default;
@@ -48,11 +39,17 @@ public:
   /// \pre \p child has no parent yet
   void setRelationship(int parent, int child);
 
-  void setName(int id, const std::string& name);
-  const std::string& getName(int id) const { return _graph[_vertex(id)].name; }
+  void setName(int id, std::string name);
+  /// Empty for a node without name.
+  const std::string& getName(int id) const
+  {
+    const int name = _node(id).name;
+    return name < 0 ? _noName : _names[static_cast<std::size_t>(name)];
+  }
 
-  void setDistanceToParent(int id, double distance);
-  double getDistanceToParent(int id) const { return _graph[_vertex(id)].distanceToParent; }
+  /// Length of the branch to the parent; 0.0 for none, and for a given 0.0.
+  void setDistanceToParent(int id, double distance) { _node(id).distanceToParent = distance; }
+  double getDistanceToParent(int id) const { return _node(id).distanceToParent; }
   bool hasDistanceToParent(int id) const { return getDistanceToParent(id) != 0.0; }
 
   /// -1 until a reader has set it.
@@ -66,15 +63,15 @@ public:
   unsigned int getNumberOfLeafNodes() const;
 
   bool isLeaf(int id) const { return getNumChildren(id) == 0; }
-  unsigned int getNumChildren(int id) const
-  {
-    return static_cast<unsigned int>(boost::out_degree(_vertex(id), _graph));
-  }
-  int getChild(int id, unsigned int index);
+  unsigned int getNumChildren(int id) const { return _node(id).numberOfChildren; }
+  int getChild(int id, unsigned int index) { return getChildren(id).first[index]; }
   /// The children in their order, to walk without a copy. An iterator gives the child's id.
   std::pair<ChildIterator, ChildIterator> getChildren(int id) const
   {
-    return boost::adjacent_vertices(_vertex(id), _graph);
+    const Node& node = _node(id);
+    const int* first = node.numberOfChildren > node.children.size() ? _longList(node).data()
+                                                                    : node.children.data();
+    return {first, first + node.numberOfChildren};
   }
 
   /// Appends the leaves under \p id from left to right, or \p id itself if it is a leaf.
@@ -85,10 +82,28 @@ public:
   int findMaximumDepthToLeaf(int id) const;
 
 private:
-  using Vertex = boost::graph_traits<Graph>::vertex_descriptor;
-  static Vertex _vertex(int id) { return static_cast<Vertex>(id); }
+  /// The record of a node.
+  struct Node
+  {
+    double distanceToParent = 0.0;
+    int name = -1; // its index among the names
+    unsigned int numberOfChildren = 0;
+    // More of them are in a list, whose index is then the first number.
+    std::array<int, 2> children{};
+  };
 
-  Graph _graph;
+  const Node& _node(int id) const { return _nodes[static_cast<std::size_t>(id)]; }
+  Node& _node(int id) { return _nodes[static_cast<std::size_t>(id)]; }
+  const std::vector<int>& _longList(const Node& node) const
+  {
+    return _longLists[static_cast<std::size_t>(node.children[0])];
+  }
+
+  std::vector<Node> _nodes;
+  // Growing, they move nothing.
+  std::deque<std::string> _names;
+  std::deque<std::vector<int>> _longLists;
+  const std::string _noName;
   int _root = -1;
 };
 

@@ -27,7 +27,7 @@ unsigned int depthOfTree(const Tree& tree)
     deepest = std::max(deepest, depth);
     for (auto [child, end] = tree.getChildren(id); child != end; ++child)
     {
-      open.emplace_back(static_cast<int>(*child), depth + 1);
+      open.emplace_back(*child, depth + 1);
     }
   }
   return deepest;

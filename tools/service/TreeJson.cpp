@@ -39,7 +39,7 @@ std::string toJson(const Tree& tree)
     {
       json += ',';
     }
-    const int id = static_cast<int>(*child);
+    const int id = *child;
     ++child;
     begin(id);
   }

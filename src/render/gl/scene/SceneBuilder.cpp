@@ -43,7 +43,7 @@ boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
   result->reserve(lines.tree->getNumChildren(node));
   for (auto [child, end] = lines.tree->getChildren(node); child != end; ++child)
   {
-    result->addChild(buildRenderNode(static_cast<int>(*child), lines));
+    result->addChild(buildRenderNode(*child, lines));
   }
   return result;
 }
