@@ -16,8 +16,10 @@ namespace
 class CladogramEdge : public Edge2D
 {
 public:
-  CladogramEdge(const Point2D<double>& start, const Point2D<double>& end) : _start(start), _end(end)
+  void join(const Point2D<double>& start, const Point2D<double>& end)
   {
+    _start = start;
+    _end = end;
   }
 
   void evaluate(std::vector<Point2D<double>>& points) const override
@@ -42,6 +44,9 @@ struct LayoutInfo
   double nextLeafY = 1.0;
   std::vector<double> columns{};
   unsigned int maximumDepth = 0;
+  // Every edge in its turn, before it goes into a list.
+  boost::intrusive_ptr<CladogramEdge> edge{new CladogramEdge};
+  EdgeList::Writer edges{};
 };
 
 std::vector<double> makeColumns(unsigned int maximumDepth)
@@ -72,14 +77,15 @@ void placeParent(int node, NodeLayoutInfo& record, LayoutInfo& info)
   }
   record.position = {info.columns[info.maximumDepth - record.depthToLeaf], sum / numberOfChildren};
   record.boundingBox.add(record.position);
-  record.edges.reserve(numberOfChildren);
   for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
   {
     const NodeLayoutInfo& below = info.info->layoutInfoForNode(*child);
-    record.edges.emplace_back(new CladogramEdge(record.position, below.position));
+    info.edge->join(record.position, below.position);
+    info.edges.add(*info.edge);
     record.boundingBox.add(below.position);
     record.boundingBox.add(below.boundingBox);
   }
+  record.edges = info.edges.finish();
 }
 
 void layoutChildren(int node, LayoutInfo& info, unsigned int depth)

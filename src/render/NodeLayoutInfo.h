@@ -2,12 +2,8 @@
 
 #include "foundation/counted/Referenced.h"
 #include "render/Box2D.h"
-#include "render/Edge2D.h"
+#include "render/EdgeList.h"
 #include "render/Point2D.h"
-
-#include <boost/smart_ptr/intrusive_ptr.hpp>
-
-#include <vector>
 
 namespace orvex::render
 {
@@ -18,7 +14,7 @@ class NodeLayoutInfo : public Kelmar::Base::Referenced
 public:
   Point2D<double> position;
   /// One for each child, in child order.
-  std::vector<boost::intrusive_ptr<Edge2D>> edges;
+  EdgeList edges;
   /// The box of the whole clade; empty for a node that the layout didn't reach.
   Box2D boundingBox;
   /// Number of edges on the longest way down to a leaf.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/Edge2D.h"
+#include "render/EdgeList.h"
 
 #include <utility>
 
@@ -14,3 +14,14 @@ struct Polyline : orvex::render::Edge2D
 
   Points points;
 };
+
+/// The edges along some lines.
+inline orvex::render::EdgeList edgesAlong(const std::vector<Polyline::Points>& lines)
+{
+  orvex::render::EdgeList::Writer edges;
+  for (const Polyline::Points& line : lines)
+  {
+    edges.add(*boost::intrusive_ptr<Polyline>(new Polyline(line)));
+  }
+  return edges.finish();
+}

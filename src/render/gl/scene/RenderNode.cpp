@@ -1,17 +1,18 @@
 #include "render/gl/scene/RenderNode.h"
 
 #include "render/LayoutInfo2D.h"
-#include "render/gl/draw/LineStrip.h"
 #include "render/gl/draw/Triangle.h"
 #include "render/gl/scene/Visitor.h"
 #include "tree/Tree.h"
+
+#include <utility>
 
 namespace orvex::render::gl
 {
 
 RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
                        const boost::intrusive_ptr<LayoutInfo2D>& layout,
-                       const boost::intrusive_ptr<Drawable>& noLines)
+                       boost::intrusive_ptr<LineStrip> lines)
     : _nodeId(node)
 {
   if (!tree || !layout)
@@ -26,22 +27,23 @@ RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
     _lodFraction = 1.0 - info.depthToLeaf / static_cast<double>(root.depthToLeaf);
   }
   _boundingBox = info.boundingBox;
-  if (info.edges.empty() && _boundingBox.valid() && noLines)
-  {
-    _highLod = noLines;
-    return;
-  }
-  _lowLod = new Triangle(info.position, _boundingBox);
-  _highLod = new LineStrip(info.edges);
+  _highLod = lines ? std::move(lines) : new LineStrip(info.edges);
 }
 
 const boost::intrusive_ptr<Drawable>& RenderNode::lowLod() const
 {
-  if (!_lowLod && _boundingBox.valid())
+  if (!_lowLod && _highLod)
   {
-    _lowLod = new Triangle(_boundingBox.minimum, _boundingBox);
+    _lowLod = new Triangle(_position(), _boundingBox);
   }
   return _lowLod;
+}
+
+// A node lies where its edges begin. Without edges it is a leaf, whose box is a point.
+Point2D<double> RenderNode::_position() const
+{
+  EdgeList::Reader reader(static_cast<const LineStrip&>(*_highLod).edges());
+  return reader.next() ? reader.vertex() : _boundingBox.minimum;
 }
 
 void RenderNode::accept(Visitor& visitor)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "render/gl/draw/Drawable.h"
+#include "render/gl/draw/LineStrip.h"
 #include "render/gl/scene/Group.h"
 
 #include <boost/shared_ptr.hpp>
@@ -25,10 +26,10 @@ class RenderNode : public Group
 public:
   /// Copies what it needs; keeps neither tree nor layout. Where one of them is null, the node has
   /// an empty box and no drawables.
-  /// \param noLines  the highLod() that all leaves of a scene share; null to make another one
+  /// \param lines  the node's highLod(); null to make it of the layout
   RenderNode(int node, const boost::shared_ptr<Tree>& tree,
              const boost::intrusive_ptr<LayoutInfo2D>& layout,
-             const boost::intrusive_ptr<Drawable>& noLines = nullptr);
+             boost::intrusive_ptr<LineStrip> lines = nullptr);
 
   void accept(Visitor& visitor) override;
 
@@ -39,10 +40,12 @@ public:
   double lodFraction() const { return _lodFraction; }
 
 private:
+  Point2D<double> _position() const;
+
   int _nodeId;
-  // That of a leaf is a point, which no frame shows. It is made when it is first asked for.
+  // Made when it is first asked for: most nodes are never shown as a proxy.
   mutable boost::intrusive_ptr<Drawable> _lowLod;
-  boost::intrusive_ptr<Drawable> _highLod;
+  boost::intrusive_ptr<Drawable> _highLod; // a LineStrip
   double _lodFraction = 1.0;
 };
 

@@ -26,14 +26,25 @@ struct Lines
 {
   const boost::shared_ptr<Tree>& tree;
   const boost::intrusive_ptr<LayoutInfo2D>& layout;
-  boost::intrusive_ptr<Drawable> none{};
+  boost::intrusive_ptr<LineStrip> none{};
   bool ownsLayout = false;
 };
+
+// What the scene's leaves show, which is nothing, they share.
+boost::intrusive_ptr<LineStrip> buildLines(int node, const Lines& lines)
+{
+  EdgeList& edges = lines.layout->layoutInfoForNode(node).edges;
+  if (edges.empty())
+  {
+    return lines.none;
+  }
+  return lines.ownsLayout ? new LineStrip(std::move(edges)) : new LineStrip(edges);
+}
 
 boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
 {
   boost::intrusive_ptr<RenderNode> result(
-      new RenderNode(node, lines.tree, lines.layout, lines.none));
+      new RenderNode(node, lines.tree, lines.layout, buildLines(node, lines)));
   // Released at once, so that memory need not hold the whole layout and the whole scene. The record
   // of the root is needed for every node.
   if (lines.ownsLayout && node != lines.tree->getRootNodeId())

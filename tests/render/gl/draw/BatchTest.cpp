@@ -10,36 +10,6 @@
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
-using Edges = std::vector<boost::intrusive_ptr<Edge2D>>;
-
-TEST(PackedLines, GiveBackTheLinesTheyWereMadeOf)
-{
-  const std::vector<Polyline::Points> lines{{{0.1, 0.2}, {0.1, 0.7}, {0.9, 0.7}},
-                                            {{0.1, 0.2}, {0.0, 0.0}},
-                                            {{0.0, -3e300}},
-                                            {{5.0, -3e300}, {5.0, 1e-300}, {5.0, 0.0}},
-                                            {{5.0, 0.0}, {5.0, 0.0}}};
-  Edges edges{nullptr, new Polyline({})};
-  for (const Polyline::Points& line : lines)
-  {
-    edges.emplace_back(new Polyline(line));
-  }
-  const PackedLines packed(edges);
-  std::size_t line = 0, vertex = 0, vertices = 0;
-  for (PackedLines::Reader reader(packed); reader.next(); ++vertex, ++vertices)
-  {
-    if (reader.beginsLine() && vertices > 0)
-    {
-      EXPECT_EQ(vertex, lines.at(line++).size());
-      vertex = 0;
-    }
-    EXPECT_EQ(reader.vertex().x, lines.at(line).at(vertex).x) << line << " " << vertex;
-    EXPECT_EQ(reader.vertex().y, lines.at(line).at(vertex).y) << line << " " << vertex;
-  }
-  EXPECT_EQ(vertices, 11u);
-  const PackedLines none(Edges{});
-  EXPECT_FALSE(PackedLines::Reader(none).next());
-}
 
 /// A pass in which a strip draws its number of lines, each in a row of its own, and then proxies.
 /// \return the drawing calls: what they draw, from where, how many vertices
@@ -54,12 +24,12 @@ static std::string drawn(const std::vector<unsigned int>& strips, int proxies = 
         state->batch().begin(state->viewport(), Kelmar::Math::Matrix44d());
         for (const unsigned int lines : strips)
         {
-          Edges edges;
+          std::vector<Polyline::Points> edges;
           for (; edges.size() < lines; row += 1.0)
           {
-            edges.emplace_back(new Polyline({{2.5, row}, {7.5, row}}));
+            edges.push_back({{2.5, row}, {7.5, row}});
           }
-          boost::intrusive_ptr<LineStrip>(new LineStrip(edges))->render(*state);
+          boost::intrusive_ptr<LineStrip>(new LineStrip(edgesAlong(edges)))->render(*state);
         }
         for (int i = 0; i < proxies; ++i)
         {

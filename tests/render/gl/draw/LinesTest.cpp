@@ -74,10 +74,10 @@ struct Elbows
     {
       const auto& edges = layout.layoutInfoForNode(node).edges;
       graph.addHighLod(new LineStrip(edges));
-      for (const auto& edge : edges)
+      for (std::size_t i = 0; i < edges.size(); ++i)
       {
         std::vector<Point2D<double>> points;
-        edge->evaluate(points);
+        edges[i]->evaluate(points);
         const auto a = onScreen(points[0], state), b = onScreen(points[2], state);
         light(a.x, a.y, a.x, b.y, state.viewport());
         light(a.x, b.y, b.x, b.y, state.viewport());
@@ -149,13 +149,13 @@ static RenderGraph starOf(const std::vector<double>& rows)
 {
   RenderGraph graph;
   const boost::intrusive_ptr<RenderTaxonLabels> labels(new RenderTaxonLabels);
-  std::vector<boost::intrusive_ptr<Edge2D>> edges;
+  std::vector<Polyline::Points> edges;
   for (const double y : rows)
   {
-    edges.emplace_back(new Polyline({{0.0, 0.5}, {0.0, y}, {1.0, y}}));
+    edges.push_back({{0.0, 0.5}, {0.0, y}, {1.0, y}});
     labels->addText({1.001, y}, "I");
   }
-  graph.addHighLod(new LineStrip(edges));
+  graph.addHighLod(new LineStrip(edgesAlong(edges)));
   for (const auto& label : labels->texts())
   {
     graph.addText(label);

@@ -26,10 +26,10 @@ static void write(const RenderNode& node, const std::string& indent, std::ostrea
   {
     point(corner);
   }
-  PackedLines::Reader reader(dynamic_cast<const LineStrip&>(*node.highLod()).lines());
+  EdgeList::Reader reader(dynamic_cast<const LineStrip&>(*node.highLod()).edges());
   while (reader.next())
   {
-    out << (reader.beginsLine() ? " line" : "");
+    out << (reader.beginsEdge() ? " line" : "");
     point(reader.vertex());
   }
   out << "\n";
