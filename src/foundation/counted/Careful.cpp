@@ -17,7 +17,7 @@ namespace Detail
 namespace
 {
 
-using Lock = boost::lock_guard<boost::mutex>;
+using Lock = boost::lock_guard<::Helper::SpinLock>;
 
 std::string nameOf(const std::type_info& type)
 {
@@ -54,7 +54,7 @@ using State = ::Helper::InstanceShard::State;
 Careful::Careful()
 {
   ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
-  const Detail::Lock lock(shard.mutex());
+  const Detail::Lock lock(shard.lock());
   shard.add(*this);
 }
 
@@ -72,7 +72,7 @@ Careful::~Careful() noexcept(false)
   State last = State::None;
   unsigned long count = 0;
   {
-    const Detail::Lock lock(shard.mutex());
+    const Detail::Lock lock(shard.lock());
     last = shard.remove(*this);
     count = _refCount;
   }
@@ -100,14 +100,14 @@ std::string Careful::_describe() const
 
 unsigned long Careful::refCount() const
 {
-  const Detail::Lock lock(::Helper::instanceManager.shardOf(*this).mutex());
+  const Detail::Lock lock(::Helper::instanceManager.shardOf(*this).lock());
   return _refCount;
 }
 
 void Careful::ref()
 {
   ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
-  const Detail::Lock lock(shard.mutex());
+  const Detail::Lock lock(shard.lock());
   if (_refCount == std::numeric_limits<unsigned long>::max())
   {
     throw std::runtime_error("Error 4544591930: " + _describe() + ", attempting to increment '" +
@@ -132,7 +132,7 @@ void Careful::unref(bool allowDeletion)
 {
   {
     ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
-    const Detail::Lock lock(shard.mutex());
+    const Detail::Lock lock(shard.lock());
     if (_refCount == 0)
     {
       throw std::runtime_error(

@@ -17,6 +17,7 @@ namespace
 {
 
 using Lock = boost::lock_guard<boost::mutex>;
+using ShardLock = boost::lock_guard<SpinLock>;
 
 void print(const std::string& text)
 {
@@ -86,7 +87,7 @@ std::size_t InstanceManager::numberOfObjects() const
   std::size_t all = 0;
   for (const InstanceShard& shard : _shards)
   {
-    const Detail::Lock lock(shard.mutex());
+    const Detail::ShardLock lock(shard.lock());
     all += shard.numberOfObjects();
   }
   return all;
@@ -98,7 +99,7 @@ InstanceManager::Objects InstanceManager::objects() const
   for (const InstanceShard& shard : _shards)
   {
     InstanceShard::States states;
-    const Detail::Lock lock(shard.mutex());
+    const Detail::ShardLock lock(shard.lock());
     shard.list(states);
     for (const auto& [object, state] : states)
     {

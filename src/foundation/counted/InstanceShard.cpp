@@ -5,14 +5,6 @@ namespace Helper
 
 using Kelmar::Base::Ref::Careful;
 
-void InstanceShard::add(const Careful& object)
-{
-  Chunk& chunk = _chunk(object);
-  _exchange(chunk, _addressOf(object), State::Unnamed);
-  ++chunk.numberOfObjects;
-  ++_numberOfObjects;
-}
-
 InstanceShard::State InstanceShard::remove(const Careful& object)
 {
   Chunk& chunk = _chunk(object);
@@ -24,17 +16,6 @@ InstanceShard::State InstanceShard::remove(const Careful& object)
     _lastChunk = nullptr;
   }
   return last;
-}
-
-InstanceShard::State InstanceShard::state(const Careful& object)
-{
-  const std::uintptr_t slot = _addressOf(object) >> _slotBits;
-  return static_cast<State>(_chunk(object).states[slot % _slots / 4] >> (slot % 4 * 2) & 3);
-}
-
-void InstanceShard::state(const Careful& object, State state)
-{
-  _exchange(_chunk(object), _addressOf(object), state);
 }
 
 void InstanceShard::list(States& states) const
@@ -54,32 +35,16 @@ void InstanceShard::list(States& states) const
   }
 }
 
-// Only a new object can need memory.
-InstanceShard::Chunk& InstanceShard::_chunk(const Careful& object)
+InstanceShard::Chunk& InstanceShard::_findChunk(std::uintptr_t number)
 {
-  const std::uintptr_t number = _addressOf(object) >> _chunkBits;
-  if (!_lastChunk || number != _lastNumber)
+  auto known = _chunks.find(number);
+  if (known == _chunks.end())
   {
-    auto known = _chunks.find(number);
-    if (known == _chunks.end())
-    {
-      known = _chunks.emplace(number, std::make_unique<Chunk>()).first;
-    }
-    _lastChunk = known->second.get();
-    _lastNumber = number;
+    known = _chunks.emplace(number, std::make_unique<Chunk>()).first;
   }
+  _lastChunk = known->second.get();
+  _lastNumber = number;
   return *_lastChunk;
-}
-
-InstanceShard::State InstanceShard::_exchange(Chunk& chunk, std::uintptr_t address, State state)
-{
-  const std::uintptr_t slot = address >> _slotBits;
-  unsigned char& four = chunk.states[slot % _slots / 4];
-  const unsigned int shift = slot % 4 * 2;
-  const auto last = static_cast<State>(four >> shift & 3);
-  four = static_cast<unsigned char>((four & ~(3u << shift)) | static_cast<unsigned int>(state)
-                                                                  << shift);
-  return last;
 }
 
 } // namespace Helper

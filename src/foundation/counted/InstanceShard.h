@@ -1,7 +1,8 @@
 #pragma once
 
+#include "foundation/counted/SpinLock.h"
+
 #include <boost/core/noncopyable.hpp>
-#include <boost/thread/mutex.hpp>
 
 #include <array>
 #include <cstddef>
@@ -42,17 +43,30 @@ public:
     return (_addressOf(object) >> _chunkBits) % shards;
   }
 
-  boost::mutex& mutex() const { return _mutex; }
+  SpinLock& lock() const { return _lock; }
 
   /// The object is alive and unnamed.
   /// \throws std::bad_alloc
-  void add(const Kelmar::Base::Ref::Careful& object);
+  void add(const Kelmar::Base::Ref::Careful& object)
+  {
+    Chunk& chunk = _chunk(object);
+    _exchange(chunk, _addressOf(object), State::Unnamed);
+    ++chunk.numberOfObjects;
+    ++_numberOfObjects;
+  }
   /// \return the state until now
   State remove(const Kelmar::Base::Ref::Careful& object);
 
   /// The object must have been added.
-  State state(const Kelmar::Base::Ref::Careful& object);
-  void state(const Kelmar::Base::Ref::Careful& object, State state);
+  State state(const Kelmar::Base::Ref::Careful& object)
+  {
+    const std::uintptr_t slot = _addressOf(object) >> _slotBits;
+    return static_cast<State>(_chunk(object).states[slot % _slots / 4] >> (slot % 4 * 2) & 3);
+  }
+  void state(const Kelmar::Base::Ref::Careful& object, State state)
+  {
+    _exchange(_chunk(object), _addressOf(object), state);
+  }
 
   std::size_t numberOfObjects() const { return _numberOfObjects; }
   /// Adds the state of each object.
@@ -77,14 +91,32 @@ private:
     return reinterpret_cast<std::uintptr_t>(&object);
   }
 
-  Chunk& _chunk(const Kelmar::Base::Ref::Careful& object);
+  // Only a new object can need memory.
+  Chunk& _chunk(const Kelmar::Base::Ref::Careful& object)
+  {
+    const std::uintptr_t number = _addressOf(object) >> _chunkBits;
+    return _lastChunk && number == _lastNumber ? *_lastChunk : _findChunk(number);
+  }
+  Chunk& _findChunk(std::uintptr_t number);
   static State _exchange(Chunk& chunk, std::uintptr_t address, State state);
 
   std::unordered_map<std::uintptr_t, std::unique_ptr<Chunk>> _chunks;
   std::uintptr_t _lastNumber = 0;
   Chunk* _lastChunk = nullptr;
   std::size_t _numberOfObjects = 0;
-  mutable boost::mutex _mutex;
+  mutable SpinLock _lock;
 };
+
+inline InstanceShard::State InstanceShard::_exchange(Chunk& chunk, std::uintptr_t address,
+                                                     State state)
+{
+  const std::uintptr_t slot = address >> _slotBits;
+  unsigned char& four = chunk.states[slot % _slots / 4];
+  const unsigned int shift = slot % 4 * 2;
+  const auto last = static_cast<State>(four >> shift & 3);
+  four = static_cast<unsigned char>((four & ~(3u << shift)) | static_cast<unsigned int>(state)
+                                                                  << shift);
+  return last;
+}
 
 } // namespace Helper

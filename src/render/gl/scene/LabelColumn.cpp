@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace orvex::render::gl
 {
@@ -36,7 +37,7 @@ void LabelColumn::reserve(std::size_t count)
   _rows.reserve(count);
 }
 
-void LabelColumn::add(const boost::intrusive_ptr<Text>& text)
+void LabelColumn::add(boost::intrusive_ptr<Text> text)
 {
   const Box2D box = text->boundingBox();
   _isUniform = _isUniform && box.valid();
@@ -53,10 +54,10 @@ void LabelColumn::add(const boost::intrusive_ptr<Text>& text)
                     std::max(_inner.minimum.y, box.minimum.y)};
   _inner.maximum = {std::min(_inner.maximum.x, box.maximum.x),
                     std::min(_inner.maximum.y, box.maximum.y)};
-  _texts.push_back(text);
   const bool hasBox = box.valid();
   _rows.push_back({text->position().y, hasBox ? static_cast<float>(box.minimum.y) : 0.0f,
                    hasBox ? static_cast<float>(box.maximum.y) : 0.0f});
+  _texts.push_back(std::move(text));
 }
 
 // True if on the screen the labels differ only in their rows, and the rows fall down the column.

@@ -29,7 +29,7 @@ public:
 
   const Texts& texts() const { return _texts; }
   void reserve(std::size_t count);
-  void add(const boost::intrusive_ptr<Text>& text);
+  void add(boost::intrusive_ptr<Text> text);
 
   Kept thin(const Kelmar::Math::Matrix44d& localToScreen) const;
   /// The first label whose anchor lies below a row of the window.

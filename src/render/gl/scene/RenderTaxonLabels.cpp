@@ -6,6 +6,7 @@
 #include "render/gl/scene/Visitor.h"
 
 #include <cassert>
+#include <utility>
 
 namespace orvex::render::gl
 {
@@ -42,9 +43,9 @@ void RenderTaxonLabels::accept(Visitor& visitor)
 void RenderTaxonLabels::addText(const Point2D<double>& position, const std::string& text)
 {
   assert(texts().empty() || position.y <= texts().back()->position().y);
-  const boost::intrusive_ptr<Text> label(new Text(position, text, _font));
-  _column.add(label);
+  boost::intrusive_ptr<Text> label(new Text(position, text, _font));
   _boundingBox.add(label->boundingBox());
+  _column.add(std::move(label));
 }
 
 const RenderTaxonLabels::Kept& RenderTaxonLabels::getOrCreateTextForLevel(unsigned int level,
