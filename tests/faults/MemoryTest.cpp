@@ -51,7 +51,8 @@ class MemoryTest : public DisplayTest
 // Lets each allocation of a step fail in turn, until the step needs no more of them.
 TEST_F(MemoryTest, RunningOutThrowsAndLeavesNothingBehind)
 {
-  const std::string newick = "((alpha:1,a name longer than a small string:2)x,(c,(d,e)):3);";
+  const std::string newick =
+      "((alpha:1,a name longer than a small string:2)x,(c,(d,e,f,the name of a fourth leaf)):3);";
   const auto tree = orvex::NewickReader().parseContents(newick);
   const std::string body = R"({"root":{"name":"a name longer than a small string","children":[
       {"children":[]},{"children":[{"name":"b","children":[]}]}]}})";

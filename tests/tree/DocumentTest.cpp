@@ -29,7 +29,7 @@ TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
 TEST(Document, IsRefusedWhereTheMachineCantHoldIt)
 {
   EXPECT_EQ(errorOf([] { orvex::requireMemory(19'999'999, std::size_t(3) << 29); }),
-            "To show the tree's 19999999 nodes takes 6.3 GiB of memory. 1.5 GiB are free.");
+            "To show the tree's 19999999 nodes takes 5.4 GiB of memory. 1.5 GiB are free.");
   orvex::requireMemory(19'999'999, std::size_t(1) << 40);
   orvex::requireMemory(0, 0);
   EXPECT_GT(orvex::availableMemory(), std::size_t(1) << 26) << "this machine runs the tests";
