@@ -156,8 +156,10 @@ void write(const QImage& picture, const std::string& name)
 {
   if (!Tools::Qt::saveImage(picture, name))
   {
-    throw std::runtime_error("can't write '" + name +
-                             "': its suffix must be .bmp, .jpg, .png or .tif, its folder writable");
+    throw std::runtime_error(
+        "can't write '" + name +
+        "': its suffix must be .bmp, .jpg, .png or .tif, and its folder or the file "
+        "itself writable");
   }
   if (QImage(Tools::Qt::fileName(name)).size() != picture.size())
   {

@@ -14,8 +14,6 @@ namespace Detail
 namespace
 {
 
-// The last tenth of depth never gets a proxy.
-constexpr double greatestProxyFraction = 0.9;
 // A clade that fills this share of the viewport's height is never shown as a proxy.
 constexpr double leastOpenShare = 0.25;
 
@@ -52,7 +50,7 @@ void CullVisitor::visit(RenderNode& node)
 bool CullVisitor::_isShownAsProxy(const RenderNode& node) const
 {
   return !_displaySettings->alwaysUseHighLod() && _zoomLevel != _numberOfZoomLevels &&
-         _numberOfZoomLevels != 1 && !(node.lodFraction() > Detail::greatestProxyFraction) &&
+         _numberOfZoomLevels != 1 && node.canBeProxy() &&
          node.lodFraction() * _numberOfZoomLevels > _zoomLevel &&
          _shareOfHeight(node.boundingBox()) < Detail::leastOpenShare;
 }

@@ -28,6 +28,10 @@ RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
   }
   _boundingBox = info.boundingBox;
   _highLod = lines ? std::move(lines) : new LineStrip(info.edges);
+  if (canBeProxy())
+  {
+    lowLod();
+  }
 }
 
 const boost::intrusive_ptr<Drawable>& RenderNode::lowLod() const

@@ -38,12 +38,15 @@ public:
   const boost::intrusive_ptr<Drawable>& highLod() const { return _highLod; }
   /// Relative depth, by height above the leaves: 0.0 at the root, 1.0 at a leaf.
   double lodFraction() const { return _lodFraction; }
+  /// Whether a frame can show the node as a proxy: the last tenth of depth, which are most nodes of
+  /// a tree, never is.
+  bool canBeProxy() const { return !(_lodFraction > 0.9); }
 
 private:
   Point2D<double> _position() const;
 
   int _nodeId;
-  // Made when it is first asked for: most nodes are never shown as a proxy.
+  // Made at once where a frame can show it, else when it is first asked for.
   mutable boost::intrusive_ptr<Drawable> _lowLod;
   boost::intrusive_ptr<Drawable> _highLod; // a LineStrip
   double _lodFraction = 1.0;
