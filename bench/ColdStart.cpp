@@ -20,6 +20,7 @@
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/view/ViewCladogram.h"
 #include "shell/base/LargePages.h"
+#include "tree/Document.h"
 #include "tree/NewickReader.h"
 #include "tree/Tree.h"
 
@@ -154,6 +155,7 @@ void sweep(Group& root, CameraCladogram& camera, unsigned int most, nlohmann::js
 nlohmann::json stages(const std::string& file, unsigned int mostLevels)
 {
   const auto window = makeWindow();
+  auto pages = std::make_unique<Kelmar::System::LargePages>();
   Laps laps;
   boost::shared_ptr<orvex::Tree> tree = orvex::NewickReader()(file);
   laps.lap("read");
@@ -163,6 +165,7 @@ nlohmann::json stages(const std::string& file, unsigned int mostLevels)
   const double before = peakMebibytes();
   auto builder = std::make_unique<SceneBuilder>(tree);
   builder->buildScene(std::move(info));
+  pages = nullptr;
   laps.lap("scene");
   laps.result["scene MiB"] = peakMebibytes() - before;
   const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
@@ -184,7 +187,10 @@ nlohmann::json whole(const std::string& file)
   const auto window = makeWindow();
   Laps laps;
   const boost::intrusive_ptr<ViewCladogram> view(new ViewCladogram);
-  view->tree(orvex::NewickReader()(file));
+  boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
+  document->read(file);
+  view->tree(document->getTree());
+  document = nullptr;
   view->update();
   view->resize(width, height);
   laps.lap("file to scene");
@@ -219,7 +225,7 @@ nlohmann::json floor(const std::string& file, std::size_t mebibytes)
 
 int main(int argc, char** argv)
 {
-  Kelmar::System::preferLargePages(); // as the viewer does
+  Kelmar::System::LargePages::prefer(); // as the viewer does
   const QApplication application(argc, argv);
   const std::string mode = argc > 2 ? argv[1] : "";
   if (mode == "stages")

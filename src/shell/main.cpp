@@ -11,7 +11,7 @@ int main(int argc, char** argv)
 try
 {
   using Kelmar::Functions::Helper::exceptionHandler;
-  Kelmar::System::preferLargePages();
+  Kelmar::System::LargePages::prefer();
   Kelmar::System::raiseStackLimit();
   std::ofstream failure("exception.txt", std::ios::out | std::ios::trunc);
   const Kelmar::Functions::TerminationReport report("1630567380", failure);

@@ -1,5 +1,6 @@
 #include "tree/Document.h"
 
+#include "shell/base/LargePages.h"
 #include "tree/NewickReader.h"
 #include "tree/Reader.h"
 #include "tree/Tree.h"
@@ -20,6 +21,7 @@ void Document::read(const std::string& filename)
   {
     return;
   }
+  const Kelmar::System::LargePages pages;
   NewickReader reader;
   const boost::shared_ptr<Tree> tree = reader(filename);
   if (tree)
@@ -31,6 +33,7 @@ void Document::read(const std::string& filename)
 
 void Document::loadFromHalvane(int id)
 {
+  const Kelmar::System::LargePages pages;
   Reader reader;
   _tree = reader(id);
 }

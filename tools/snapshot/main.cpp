@@ -202,7 +202,7 @@ void run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-  Kelmar::System::preferLargePages();
+  Kelmar::System::LargePages::prefer();
   Kelmar::System::raiseStackLimit();
   qInstallMessageHandler(handleMessage);
   try

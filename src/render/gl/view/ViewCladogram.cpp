@@ -13,6 +13,7 @@
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/view/ThumbnailPicture.h"
+#include "shell/base/LargePages.h"
 #include "tree/Tree.h"
 
 #include <boost/core/noncopyable.hpp>
@@ -116,6 +117,7 @@ void ViewCladogram::update()
   {
     return;
   }
+  const Kelmar::System::LargePages pages;
   SceneBuilder builder(tree());
   builder.buildScene(layout->layout(tree()));
   _root = builder.root();
