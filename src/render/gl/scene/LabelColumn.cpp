@@ -64,7 +64,7 @@ void LabelColumn::add(boost::intrusive_ptr<Text> text)
 bool LabelColumn::_isSimple(const Kelmar::Math::Matrix44d& localToScreen) const
 {
   const Kelmar::Math::Matrix44d& m = localToScreen;
-  const bool keepsColumns = m[1] == 0.0 && m[4] == 0.0 && m[5] > 0.0;
+  const bool keepsColumns = m[1] == 0.0 && m[4] == 0.0 && m[5] > 0.0 && m[9] == 0.0;
   const bool isAffine = m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] > 0.0;
   const double greatest = (std::abs(m[13]) + m[5] * _greatestRow) / m[15];
   return keepsColumns && isAffine && greatest < Detail::greatestRow && _isUniform &&
@@ -104,11 +104,14 @@ LabelColumn::Kept LabelColumn::_thinByRows(const Kelmar::Math::Matrix44d& localT
   {
     return kept.set();
   }
-  const double x = _texts.front()->position().x;
-  // The very numbers that the box of a label is made of.
-  const auto rangeOf = [&](const Row& row)
+  // The very numbers that the box of a label is made of: what a point goes through in the matrix,
+  // without the terms that are zero here.
+  const double scale = localToScreen[5];
+  const double shift = localToScreen[13];
+  const double inverse = 1.0 / localToScreen[15];
+  const auto rangeOf = [=](const Row& row)
   {
-    const double y = (localToScreen * Kelmar::Math::Vector3d(x, row.y, 0.0))[1];
+    const double y = (scale * row.y + shift) * inverse;
     return Detail::Range{y + row.bottom, y + row.top};
   };
   std::size_t gap = 1;
