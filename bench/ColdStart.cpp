@@ -5,11 +5,14 @@
 //   cold-start stages FILE [MOST]   each step by itself, then a sweep over all zoom levels, or over
 //                                   so many of them at even distances, then closing
 //   cold-start whole FILE    from the file to the first frame as the viewer does it, with thumbnail
+//   cold-start shares FILE   which share of the same each stage of Kelmar::Progress takes, how long
+//                            nothing is reported at most, and how far the bar is off at most
 //   cold-start floor FILE MIB   what no program can do without: reads the file, counts its
 //                               structural characters, writes to that much memory
 
 #include "render/gl/device/OpenGL.h"
 
+#include "foundation/progress/Listening.h"
 #include "render/CameraCladogram.h"
 #include "render/DrawingPass.h"
 #include "render/LayoutCladogram.h"
@@ -33,6 +36,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <cmath>
 #include <ctime>
 #include <fstream>
 #include <iostream>
@@ -182,6 +186,25 @@ nlohmann::json stages(const std::string& file, unsigned int mostLevels)
   return laps.result;
 }
 
+/// Keeps when each report came, in milliseconds since the first one.
+struct ReportTimes : Kelmar::Progress::Listener
+{
+  struct Report
+  {
+    Kelmar::Progress::Stage stage;
+    double share, time;
+  };
+
+  void progress(Kelmar::Progress::Stage stage, double share) noexcept override
+  {
+    start = reports.empty() ? cpuMilliseconds() : start;
+    reports.push_back({stage, share, cpuMilliseconds() - start});
+  }
+
+  double start = 0.0;
+  std::vector<Report> reports;
+};
+
 nlohmann::json whole(const std::string& file)
 {
   const auto window = makeWindow();
@@ -201,6 +224,29 @@ nlohmann::json whole(const std::string& file)
       laps.result["file to scene"].get<double>() + laps.result["first frame"].get<double>();
   laps.result["peak MiB"] = peakMebibytes();
   return laps.result;
+}
+
+nlohmann::json shares(const std::string& file)
+{
+  ReportTimes heard;
+  const Kelmar::Progress::Listening listening(heard);
+  whole(file);
+  const double all = heard.reports.back().time;
+  nlohmann::json result = nlohmann::json::object();
+  double last = 0.0;
+  double silence = 0.0;
+  double error = 0.0;
+  for (const auto& [stage, share, time] : heard.reports)
+  {
+    const char* const name = Kelmar::Progress::textOf(stage);
+    result[name] = result.value(name, 0.0) + (time - last) / all;
+    silence = std::max(silence, (time - last) / all);
+    error = std::max(error, std::abs(shareOfWhole(stage, share) - time / all));
+    last = time;
+  }
+  result["longest silence"] = silence;
+  result["largest error"] = error;
+  return result;
 }
 
 nlohmann::json floor(const std::string& file, std::size_t mebibytes)
@@ -237,13 +283,17 @@ int main(int argc, char** argv)
   {
     std::cout << whole(argv[2]) << "\n";
   }
+  else if (mode == "shares")
+  {
+    std::cout << shares(argv[2]) << "\n";
+  }
   else if (mode == "floor" && argc > 3)
   {
     std::cout << floor(argv[2], std::stoul(argv[3])) << "\n";
   }
   else
   {
-    std::cerr << "usage: cold-start stages|whole|floor FILE [MOST LEVELS|MIB]\n";
+    std::cerr << "usage: cold-start stages|whole|shares|floor FILE [MOST LEVELS|MIB]\n";
     return 1;
   }
   return 0;

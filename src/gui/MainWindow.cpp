@@ -1,6 +1,7 @@
 #include "gui/MainWindow.h"
 
 #include "gui/AboutText.h"
+#include "gui/OpeningProgress.h"
 #include "gui/TreeListDialog.h"
 #include "gui/Viewer.h"
 #include "gui/qt/ErrorBox.h"
@@ -130,9 +131,11 @@ void MainWindow::_documentOpen(const std::string& name)
   try
   {
     const WaitCursor cursor;
+    const OpeningProgress progress(*this, name);
     const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
     document->read(name);
     _createGui(document);
+    _viewer->prepare(progress.size());
   }
   catch (const std::exception& e)
   {

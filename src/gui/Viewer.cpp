@@ -104,6 +104,19 @@ void Viewer::updateScene()
   _view->update();
 }
 
+void Viewer::prepare(const QSize& size)
+{
+  makeCurrent();
+  if (QGLContext::currentContext() != context())
+  {
+    return;
+  }
+  _prepared = size * devicePixelRatioF();
+  _view->resize(static_cast<unsigned int>(_prepared.width()),
+                static_cast<unsigned int>(_prepared.height()));
+  _view->prepare();
+}
+
 orvex::render::DisplaySettings* Viewer::settings()
 {
   return _view->settings();
@@ -212,7 +225,11 @@ void Viewer::keyPressEvent(QKeyEvent* event)
 void Viewer::resizeGL(int width, int height)
 {
   QGLWidget::resizeGL(width, height);
-  _view->resize(static_cast<unsigned int>(width), static_cast<unsigned int>(height));
+  // To the view another resize would mean to prepare the frame again.
+  if (std::exchange(_prepared, QSize()) != QSize(width, height))
+  {
+    _view->resize(static_cast<unsigned int>(width), static_cast<unsigned int>(height));
+  }
   _wasResized = true;
 }
 

@@ -39,6 +39,10 @@ public:
   boost::shared_ptr<orvex::Tree> tree() const;
   /// Builds what the view needs for its tree. Asks for no repaint.
   void updateScene();
+  /// Makes what the first frame of a size needs, before the widget is shown, so that it stands at
+  /// once when the widget is shown in that size. Does nothing if the context can't be used before.
+  /// \param size  in units of the widget
+  void prepare(const QSize& size);
 
   /// Owned by the view, as is the camera.
   orvex::render::DisplaySettings* settings();
@@ -71,6 +75,8 @@ private:
   boost::shared_ptr<orvex::render::MouseEvent> _lastMouse;
   // No frame was drawn since.
   bool _wasResized = false;
+  // For which size in pixels the first frame is prepared; empty from the first resize on.
+  QSize _prepared;
 };
 
 } // namespace Lumbra

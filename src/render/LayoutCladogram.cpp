@@ -1,5 +1,6 @@
 #include "render/LayoutCladogram.h"
 
+#include "foundation/progress/Work.h"
 #include "tree/Tree.h"
 
 #include <algorithm>
@@ -11,6 +12,9 @@ namespace Detail
 {
 namespace
 {
+
+using Kelmar::Progress::Stage;
+using Kelmar::Progress::Work;
 
 /// An elbow: along the parent's column to the child's height, then across to the child.
 class CladogramEdge : public Edge2D
@@ -39,6 +43,7 @@ private:
 struct LayoutInfo
 {
   const Tree& tree;
+  Work& work;
   boost::intrusive_ptr<LayoutInfo2D> info{};
   double leafSpacing = 0.0;
   double nextLeafY = 1.0;
@@ -92,6 +97,7 @@ void layoutChildren(int node, LayoutInfo& info, unsigned int depth)
 {
   NodeLayoutInfo& record = info.info->layoutInfoForNode(node);
   record.depth = depth;
+  info.work.done();
   if (info.tree.isLeaf(node))
   {
     record.position = {info.columns[info.maximumDepth], info.nextLeafY};
@@ -116,7 +122,10 @@ boost::intrusive_ptr<LayoutInfo2D> LayoutCladogram::layout(boost::shared_ptr<Tre
     return nullptr;
   }
   const int root = tree->getRootNodeId();
-  Detail::LayoutInfo info{*tree, new LayoutInfo2D(tree->getNumberOfNodes())};
+  const unsigned int nodes = tree->getNumberOfNodes();
+  const boost::intrusive_ptr<LayoutInfo2D> records(new LayoutInfo2D(nodes));
+  Detail::Work work(Detail::Stage::Layout, nodes, LayoutInfo2D::shareOfLayout);
+  Detail::LayoutInfo info{*tree, work, records};
   info.leafSpacing = 1.0 / tree->getNumberOfLeafNodes();
   info.maximumDepth = static_cast<unsigned int>(tree->findMaximumDepthToLeaf(root));
   info.columns = Detail::makeColumns(info.maximumDepth);

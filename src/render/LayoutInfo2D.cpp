@@ -1,5 +1,7 @@
 #include "render/LayoutInfo2D.h"
 
+#include "foundation/progress/Work.h"
+
 #include <stdexcept>
 
 namespace orvex::render
@@ -7,10 +9,13 @@ namespace orvex::render
 
 LayoutInfo2D::LayoutInfo2D(unsigned int numberOfNodes)
 {
+  using Kelmar::Progress::Stage;
+  Kelmar::Progress::Work work(Stage::Layout, numberOfNodes, 0.0, shareOfLayout);
   _nodes.reserve(numberOfNodes);
   for (unsigned int i = 0; i < numberOfNodes; ++i)
   {
     _nodes.emplace_back(new NodeLayoutInfo);
+    work.done();
   }
 }
 

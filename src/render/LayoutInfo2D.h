@@ -15,6 +15,9 @@ namespace orvex::render
 class LayoutInfo2D : public Kelmar::Base::Referenced, private boost::noncopyable
 {
 public:
+  /// Which share of a layout's time it takes to make the records.
+  static constexpr double shareOfLayout = 0.5;
+
   explicit LayoutInfo2D(unsigned int numberOfNodes);
 
   /// \return the node's record, owned by this object

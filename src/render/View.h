@@ -32,6 +32,9 @@ public:
   virtual void handleZoom(double amount) = 0;
   /// Takes the size of the widget in pixels.
   virtual void resize(unsigned int width, unsigned int height) = 0;
+  /// Makes what the next frame would make first, so that this frame takes little time. Needs the
+  /// current context, but draws nothing that is seen.
+  virtual void prepare() = 0;
   /// Draws one frame into the current context.
   virtual void render() = 0;
   /// Makes again what is made once for each tree.

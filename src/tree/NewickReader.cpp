@@ -1,5 +1,6 @@
 #include "tree/NewickReader.h"
 
+#include "foundation/progress/Work.h"
 #include "tree/BadBranchLength.h"
 #include "tree/Tree.h"
 
@@ -22,6 +23,9 @@ namespace Detail
 namespace
 {
 
+using Kelmar::Progress::Stage;
+using Kelmar::Progress::Work;
+
 // The number that boost::lexical_cast gives, but faster. For numbers of these characters the two
 // give the same value; all other texts, and all errors, are left to lexical_cast.
 // False if the text is no number.
@@ -41,6 +45,9 @@ bool toDistance(std::string_view text, double& value)
   return boost::conversion::try_lexical_convert(std::string(text), value);
 }
 
+// Which share of the reading it takes to bring the bytes of the file into memory.
+constexpr double shareOfBytes = 0.1;
+
 constexpr bool isStructural(char c)
 {
   return c == '(' || c == ')' || c == ',';
@@ -57,8 +64,9 @@ std::size_t countNodes(const std::string& contents)
 
 std::string readLines(const std::string& filename)
 {
+  const std::size_t size = boost::filesystem::file_size(boost::filesystem::path(filename));
   std::string contents;
-  contents.reserve(boost::filesystem::file_size(boost::filesystem::path(filename)));
+  contents.reserve(size);
 
   std::ifstream in(filename, std::ios_base::in);
   if (!in.is_open())
@@ -69,6 +77,7 @@ std::string readLines(const std::string& filename)
   in.exceptions(std::ios_base::badbit);
   // In pieces and not in lines: most trees are one line, which would be in memory twice.
   std::array<char, 65536> piece;
+  Work work(Stage::Reading, size, 0.0, shareOfBytes);
   while (in.read(piece.data(), piece.size()) || in.gcount() > 0)
   {
     const char* end = piece.data() + in.gcount();
@@ -78,6 +87,7 @@ std::string readLines(const std::string& filename)
       contents.append(line, lineEnd);
       line = lineEnd + 1;
     }
+    work.done(static_cast<std::size_t>(in.gcount()));
   }
   return contents;
 }
@@ -152,6 +162,7 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
   _tree.reset();
   _expectedNodes = Detail::countNodes(contents);
   std::size_t position = 0;
+  Detail::Work work(Detail::Stage::Reading, contents.size(), Detail::shareOfBytes);
   try
   {
     for (; position < contents.size(); ++position)
@@ -161,6 +172,7 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
                                          [](char c) { return Detail::isStructural(c); });
       const auto size = static_cast<std::size_t>(textEnd - text);
       position += size;
+      work.done(size + 1);
       _onStructure(*textEnd, std::string_view(text, size)); // the text's own end is a null byte
     }
   }

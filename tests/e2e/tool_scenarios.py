@@ -1,6 +1,8 @@
 """Scenarios of the programs beside the viewer."""
 
+import contextlib
 import http.client
+import os
 import pathlib
 import random
 import re
@@ -9,7 +11,7 @@ import socket
 import subprocess
 
 from desktop import PATIENCE, pixels
-from programs import TREE, environment, run, scenario, serving
+from programs import PROGRAMS, TREE, environment, run, scenario, serving
 
 
 @scenario
@@ -87,6 +89,32 @@ def generated_trees(folder):
         "(Xaor_cifi01:0.04573,Zegal_bama78:0.18283):0.89516);\n")
     assert made("polytomy", "90") != made("polytomy", "90", "--seed", "7")
     assert re.fullmatch(r"(\(\w+,){999}\w+\){999};\n", made("ladder", "1000"))
+
+
+@scenario
+def progress_on_a_terminal(folder):
+    """Long work shows how far it is and leaves an empty line; anywhere else it shows nothing."""
+    def shown(*command, **options):
+        reader, terminal = os.openpty()
+        with subprocess.Popen([PROGRAMS / command[0], *command[1:]], stderr=terminal, cwd=folder,
+                              env=environment(folder), **options) as process:
+            os.close(terminal)
+            text = b""
+            with contextlib.suppress(OSError), open(reader, "rb", buffering=0) as lines:
+                while piece := lines.read(1000):  # at the end of a terminal there is an error
+                    text += piece
+        assert process.returncode == 0
+        return text.decode()
+
+    with open(folder / "large.nwk", "wb") as file:
+        subprocess.run([PROGRAMS / "orvex-generate", "random", "500000"], check=True, stdout=file)
+    texts = [shown("orvex-generate", "random", "8000000", stdout=subprocess.DEVNULL),
+             shown("orvex-snapshot", "large.nwk", "large.png")]
+    for text, word in zip(texts, ("Writing the tree", "Drawing the first picture")):
+        shares = [int(share) for share in re.findall("(\\d+) %", text)]
+        assert word in text and shares == sorted(shares) and shares[-1] > 80, text
+        assert text.endswith("\r\033[K"), text
+    assert run(folder, "orvex-snapshot", "large.nwk", "large.png").stderr == ""
 
 
 @scenario

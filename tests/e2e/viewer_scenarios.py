@@ -1,14 +1,16 @@
 """Scenarios of the viewer: what a user does, also where the machine or the tree service fails."""
 
+import os
 import random
 import re
 import resource
 import signal
 import subprocess
+import time
 
-from desktop import NAME, confirm, lit, pixels, wait_for, xdotool
-from programs import (FAILED, LIST, LOG, SETTINGS, TREE, VIEWER, environment, good, run, scenario,
-                      service, serving, viewer)
+from desktop import NAME, confirm, lit, pixels, wait_for, windows, xdotool
+from programs import (FAILED, LIST, LOG, PROGRAMS, SETTINGS, TREE, VIEWER, environment, good, run,
+                      scenario, service, serving, viewer)
 
 
 @scenario
@@ -112,6 +114,44 @@ def garbage_in_settings(folder):
         (folder / SETTINGS).write_bytes(garbage)
         with viewer(folder) as main:
             main.show()
+
+
+def filled(picture):
+    """How far the bar is filled that shows how far an opening is, in pixels; 0 while a tree or a
+    dialog stands there."""
+    width, _, data = picture
+    if data[-1] < 200:
+        return 0
+    rows = (data[i:i + 3 * width] for i in range(0, len(data), 3 * width))
+    return max(sum(blue > 150 and red < 80 for red, blue in zip(row[::3], row[2::3])) for row in rows)
+
+
+@scenario
+def slow_open(folder):
+    """A bar shows how far it is; what the user does meanwhile is done to nothing."""
+    with open(folder / "large.nwk", "w") as file:
+        subprocess.run([PROGRAMS / "orvex-generate", "random", "500000"], check=True, stdout=file)
+    with viewer(folder) as main:
+        undisturbed = main.show("large.nwk")
+        process = int(xdotool("getwindowpid", main.window))
+
+        def bar():
+            """The program goes on for a moment, then stands still."""
+            os.kill(process, signal.SIGCONT)
+            time.sleep(0.03)
+            os.kill(process, signal.SIGSTOP)
+            return filled(main.screenshot())
+
+        main.open("large.nwk")
+        shares = [wait_for("the bar", bar)]
+        main.zoom(5)
+        xdotool("click", 1, "mousemove", 1, 1, "key", "ctrl+o")
+        while share := bar():
+            shares.append(share)
+        os.kill(process, signal.SIGCONT)
+        assert shares == sorted(shares) and len(set(shares)) > 3, shares
+        assert main.settled() == undisturbed
+        assert not windows("Open")
 
 
 @scenario

@@ -1,5 +1,7 @@
 #include "generate/TreeGenerator.h"
 
+#include "foundation/progress/Work.h"
+
 #include <algorithm>
 #include <array>
 #include <ostream>
@@ -14,7 +16,12 @@ namespace Detail
 namespace
 {
 
+using Kelmar::Progress::Stage;
+using Kelmar::Progress::Work;
+
 constexpr unsigned int mostChildren = 50;
+// Which share of the work it takes to choose the tree's shape.
+constexpr double shareOfGrowing = 0.3;
 // The text is written in pieces of this many bytes.
 constexpr std::size_t blockSize = 65536;
 
@@ -75,6 +82,7 @@ std::vector<TreeGenerator::Node> TreeGenerator::_grow(TreeShape shape, unsigned 
   nodes.reserve(std::size_t(2) * leaves);
   std::vector<unsigned int> open{0}; // the present leaves
   open.reserve(leaves);
+  Detail::Work work(Detail::Stage::Writing, leaves, 0.0, Detail::shareOfGrowing);
   do
   {
     const unsigned int count = static_cast<unsigned int>(open.size());
@@ -84,6 +92,7 @@ std::vector<TreeGenerator::Node> TreeGenerator::_grow(TreeShape shape, unsigned 
     nodes[open[place]] = {first, children};
     nodes.resize(nodes.size() + children);
     open[place] = first;
+    work.done(children - 1);
     for (unsigned int i = 1; i < children; ++i)
     {
       open.push_back(first + i);
@@ -136,6 +145,7 @@ unsigned int TreeGenerator::_chooseChildren(TreeShape shape, unsigned int most)
 void TreeGenerator::_write(std::ostream& out, const std::vector<Node>& nodes, bool withLengths)
 {
   std::string text;
+  Detail::Work work(Detail::Stage::Writing, nodes.size(), Detail::shareOfGrowing);
   // A node and which of its children comes next.
   std::vector<std::pair<unsigned int, unsigned int>> open{{0, 0}};
   while (!open.empty() && out)
@@ -149,6 +159,7 @@ void TreeGenerator::_write(std::ostream& out, const std::vector<Node>& nodes, bo
       continue;
     }
     open.pop_back();
+    work.done();
     node.numberOfChildren == 0 ? _writeName(text) : text.push_back(')');
     if (withLengths && !open.empty())
     {

@@ -1,6 +1,7 @@
 // Writes a generated tree in Newick form to the standard output.
 
 #include "generate/TreeGenerator.h"
+#include "terminal/TerminalProgress.h"
 
 #include <charconv>
 #include <exception>
@@ -65,6 +66,7 @@ Request parse(const std::vector<std::string>& arguments)
 
 void generate(const Request& request)
 {
+  const orvex::tools::TerminalProgress progress;
   orvex::tools::TreeGenerator generator(request.seed);
   generator.write(std::cout, orvex::tools::shapeFromName(request.words[0]),
                   toNumber(request.words[1]), request.lengths);

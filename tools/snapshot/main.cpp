@@ -10,6 +10,7 @@
 #include "render/gl/scene/SceneDepth.h"
 #include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
+#include "terminal/TerminalProgress.h"
 #include "tree/Document.h"
 
 #include <QApplication>
@@ -190,6 +191,7 @@ void run(int argc, char** argv)
     std::cout << usage << '\n';
     return;
   }
+  const orvex::tools::TerminalProgress progress;
   const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
   // Qt would take some arguments for options of its own.
   int one = 1;

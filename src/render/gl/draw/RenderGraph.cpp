@@ -77,6 +77,10 @@ void renderAll(const RenderGraph::Drawables& drawables, State& state)
   for (const boost::intrusive_ptr<Drawable>& drawable : drawables)
   {
     drawable->render(state);
+    if (state.work())
+    {
+      state.work()->done();
+    }
   }
   state.batch().flush();
 }

@@ -2,6 +2,7 @@
 
 #include "foundation/counted/Referenced.h"
 #include "foundation/math/Matrix44.h"
+#include "foundation/progress/Work.h"
 #include "render/DrawingPass.h"
 #include "render/gl/draw/Batch.h"
 
@@ -34,9 +35,15 @@ public:
   Batch& batch();
   void batch(const boost::intrusive_ptr<Batch>& batch) { _batch = batch; }
 
+  /// What hears of the nodes that the pass visits and of the drawables that it draws, a unit for
+  /// each; null, as at first, for a pass of which nobody hears.
+  Kelmar::Progress::Work* work() const { return _work; }
+  void work(Kelmar::Progress::Work* work) { _work = work; }
+
 private:
   DrawingPass _pass;
   boost::intrusive_ptr<Batch> _batch;
+  Kelmar::Progress::Work* _work = nullptr;
 };
 
 } // namespace orvex::render::gl

@@ -34,6 +34,10 @@ CullVisitor::CullVisitor(State* state, unsigned int zoomLevel, unsigned int numb
 
 void CullVisitor::visit(RenderNode& node)
 {
+  if (_state->work())
+  {
+    _state->work()->done();
+  }
   if (_culler->isCulled(node.boundingBox()))
   {
     return;

@@ -1,5 +1,6 @@
 #include "render/gl/scene/SceneBuilder.h"
 
+#include "foundation/progress/Work.h"
 #include "render/LayoutInfo2D.h"
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/scene/RenderNode.h"
@@ -18,14 +19,20 @@ namespace Detail
 namespace
 {
 
+using Kelmar::Progress::Stage;
+using Kelmar::Progress::Work;
+
+// Which share of the scene the labels take.
+constexpr double shareOfLabels = 0.3;
 // A label starts a little to the right of its branch's end, in world units.
 constexpr double labelGap = 0.001;
 
-/// What the recursion shares. One reference in place of four keeps its frames small.
+/// What the recursion shares. One reference in place of several keeps its frames small.
 struct Lines
 {
   const boost::shared_ptr<Tree>& tree;
   const boost::intrusive_ptr<LayoutInfo2D>& layout;
+  Work& work;
   boost::intrusive_ptr<LineStrip> none{};
   bool ownsLayout = false;
 };
@@ -51,6 +58,7 @@ boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
   {
     lines.layout->release(node);
   }
+  lines.work.done();
   result->reserve(lines.tree->getNumChildren(node));
   for (auto [child, end] = lines.tree->getChildren(node); child != end; ++child)
   {
@@ -65,11 +73,13 @@ boost::intrusive_ptr<RenderTaxonLabels> buildLabels(Tree& tree, LayoutInfo2D& la
   std::vector<int> leaves;
   tree.getLeafNodes(tree.getRootNodeId(), leaves);
   labels->reserve(leaves.size());
+  Work work(Stage::Scene, leaves.size(), 0.0, shareOfLabels);
   for (const int leaf : leaves)
   {
     Point2D<double> position = layout.layoutInfoForNode(leaf).position;
     position.x += labelGap;
     labels->addText(position, tree.getName(leaf));
+    work.done();
   }
   return labels;
 }
@@ -96,7 +106,8 @@ void SceneBuilder::buildScene(boost::intrusive_ptr<LayoutInfo2D> layout)
   _maximumTextLength = Detail::widthInPixels(labels->boundingBox());
   const boost::intrusive_ptr<Group> root(new Group);
   root->addChild(labels);
-  const Detail::Lines lines{_tree, layout, new LineStrip({}), layout->refCount() == 1};
+  Detail::Work work(Detail::Stage::Scene, _tree->getNumberOfNodes(), Detail::shareOfLabels);
+  const Detail::Lines lines{_tree, layout, work, new LineStrip({}), layout->refCount() == 1};
   root->addChild(Detail::buildRenderNode(_tree->getRootNodeId(), lines));
   _root = root;
 }

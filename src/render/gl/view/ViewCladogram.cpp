@@ -1,6 +1,7 @@
 #include "render/gl/view/ViewCladogram.h"
 
 #include "foundation/math/InverseMatrix.h"
+#include "foundation/progress/Work.h"
 #include "render/LayoutCladogram.h"
 #include "render/MouseEvent.h"
 #include "render/gl/device/FrameBufferObject.h"
@@ -143,6 +144,14 @@ void ViewCladogram::resize(unsigned int width, unsigned int height)
   }
 }
 
+void ViewCladogram::prepare()
+{
+  if (_thumbnailDirty && !_mainViewport.empty())
+  {
+    _createThumbnailImage();
+  }
+}
+
 void ViewCladogram::render()
 {
   const Kelmar::Math::Matrix44d matrix = viewMatrix();
@@ -196,7 +205,12 @@ void ViewCladogram::_drawThumbnailImage()
   applyPass(pass);
   {
     const Detail::HighLodGuard highLod(*settings());
-    _cullAndDraw(*boost::intrusive_ptr<State>(new State(pass)), false);
+    const boost::intrusive_ptr<State> state(new State(pass));
+    // All nodes are visited, then all are drawn.
+    const std::size_t nodes = tree() ? tree()->getNumberOfNodes() : 0;
+    Kelmar::Progress::Work work(Kelmar::Progress::Stage::Picture, 2 * nodes);
+    state->work(&work);
+    _cullAndDraw(*state, false);
   }
   const boost::intrusive_ptr<Image> image(new Image);
   image->init(_thumbnailViewport.width, _thumbnailViewport.height, GL_RGBA);

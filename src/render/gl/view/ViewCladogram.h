@@ -22,8 +22,9 @@ class Texture2D;
 /// Shows one tree as a cladogram: a thumbnail column at the left, the main area right of it.
 ///
 /// The scene is built once for each tree; a frame chooses parts of it and draws them. Constructor,
-/// render and destructor need the widget's context current, the other operations need none. While
-/// the main area has no width or no height, a frame is only cleared and navigation does nothing.
+/// prepare, render and destructor need the widget's context current, the other operations need
+/// none. While the main area has no width or no height, a frame is only cleared and navigation does
+/// nothing.
 class ViewCladogram : public View
 {
 public:
@@ -33,6 +34,7 @@ public:
   void handleNavigation(const MouseEvent& current, const MouseEvent& last) override;
   void handleZoom(double amount) override;
   void resize(unsigned int width, unsigned int height) override;
+  void prepare() override;
   void render() override;
   void update() override;
 

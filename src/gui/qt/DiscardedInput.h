@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QObject>
+
+namespace Tools::Qt
+{
+
+/// Drops the keys, clicks and turns of the wheel that came while the event loop stood still. They
+/// were meant for what the user saw then, and would reach what stands there now.
+class DiscardedInput : public QObject
+{
+public:
+  /// To be called at the end of long work, from the thread of the application. Takes effect when
+  /// the event loop goes on, also that of a dialog.
+  static void discard();
+
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+  using QObject::QObject;
+};
+
+} // namespace Tools::Qt
