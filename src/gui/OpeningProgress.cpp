@@ -88,7 +88,7 @@ void OpeningProgress::show(Kelmar::Progress::Stage stage, double share)
   }
   else if (changed)
   {
-    _area.repaint();
+    _stage->repaint();
   }
   // It paints itself at once if the share is another one in pixels.
   _bar->setValue(int(share * Detail::wholeBar));

@@ -16,7 +16,7 @@ void PacedListener::progress(Stage stage, double share) noexcept
   catch (...)
   {
   }
-  _next = Clock::now() + std::chrono::milliseconds(33);
+  _next = Clock::now() + std::chrono::milliseconds(50);
 }
 
 } // namespace Kelmar::Progress

@@ -8,7 +8,7 @@ namespace Kelmar::Progress
 {
 
 /// A listener that shows something to a user: not before the work has taken half a second, then
-/// some thirty times a second at most, and as a share of the whole work.
+/// twenty times a second at most, and as a share of the whole work.
 class PacedListener : public Listener
 {
 public:
