@@ -4,6 +4,7 @@
 #include "foundation/progress/Work.h"
 #include "render/LayoutCladogram.h"
 #include "render/MouseEvent.h"
+#include "render/gl/device/FrameBufferGuard.h"
 #include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/device/Image.h"
 #include "render/gl/device/OpenGL.h"
@@ -176,6 +177,8 @@ void ViewCladogram::_createThumbnailImage()
   {
     return;
   }
+  // What is bound now is what the frame is drawn into.
+  const FrameBufferGuard frame;
   _thumbnailTextureId.remove();
   _frameBuffer = std::make_unique<FrameBufferObject>();
   // In a window of a few pixels the column is empty, and OpenGL allows no empty framebuffer.
