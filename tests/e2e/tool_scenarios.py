@@ -11,7 +11,7 @@ import socket
 import subprocess
 
 from desktop import PATIENCE, pixels
-from programs import PROGRAMS, TREE, environment, run, scenario, serving
+from programs import PROGRAMS, TREE, environment, run, scenario, serving, viewer
 
 
 @scenario
@@ -79,6 +79,22 @@ def snapshots(folder):
 
 
 @scenario
+def snapshots_anywhere(folder):
+    """In any session the picture has the size that was asked for, and is what the window shows after
+    a turn of the wheel."""
+    with viewer(folder) as main:
+        whole = main.show()
+        main.zoom(1)
+        main.changed(whole)
+        main.export(folder / "window.png")
+    window = pixels(folder / "window.png")
+    for session in ({}, {"QT_SCALE_FACTOR": "2"}, {"QT_QPA_PLATFORM": "offscreen"}):
+        run(folder, "orvex-snapshot", "wide.nwk", "here.png", "--zoom", "1.12", "--size",
+            "%dx%d" % window[:2], **session).check_returncode()
+        assert pixels(folder / "here.png") == window, session
+
+
+@scenario
 def generated_trees(folder):
     """They are the same on every machine."""
     def made(*arguments):
@@ -136,6 +152,9 @@ def wrong_arguments(folder):
                 refused = run(folder, program, *arguments.split())
                 assert refused.returncode == 1 and re.fullmatch(
                     program + ": [^\n]+\n", refused.stderr), refused
+    for session in ({"DISPLAY": ""}, {"QT_QPA_PLATFORM": "minimal"}):
+        refused = run(folder, "orvex-snapshot", "t.nwk", "x.png", **session)
+        assert refused.returncode == 1 and refused.stderr.count("\n") == 1, refused
     assert sorted(folder.iterdir()) == before
 
 

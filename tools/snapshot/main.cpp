@@ -1,23 +1,21 @@
 // Draws a tree file as the viewer does and writes the picture. Needs a display, which may be
 // virtual.
 
-#include "gui/Viewer.h"
 #include "gui/qt/ImageFile.h"
 #include "gui/qt/Strings.h"
-#include "render/CameraCladogram.h"
-#include "render/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
 #include "render/gl/scene/SceneDepth.h"
 #include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
+#include "snapshot/Picture.h"
 #include "terminal/TerminalProgress.h"
 #include "tree/Document.h"
 
-#include <QApplication>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
 #include <QCommandLineParser>
-#include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QRegularExpression>
-#include <QWindow>
 
 #include <cmath>
 #include <cstdlib>
@@ -34,16 +32,12 @@ const char* const usage =
 // With more pixels the buffers of a frame, which have four samples for each, are too large for
 // usual memories.
 constexpr int largestSide = 8192;
-constexpr qint64 millisecondsForWindow = 10000;
 
 struct Request
 {
   std::string tree;
   std::string image;
-  QSize size;
-  double zoom = 1.0;
-  double pan = 0.0;
-  bool all = false;
+  orvex::snapshot::Look look;
   bool help = false;
 };
 
@@ -91,10 +85,8 @@ Request parse(const QStringList& arguments)
   }
   request.tree = Tools::Qt::fileName(names.value(0));
   request.image = Tools::Qt::fileName(names.value(1));
-  request.size = toSize(parser.value("size"));
-  request.zoom = toNumber(parser.value("zoom"));
-  request.pan = toNumber(parser.value("pan"));
-  request.all = parser.isSet("all");
+  request.look = {toSize(parser.value("size")), toNumber(parser.value("zoom")),
+                  toNumber(parser.value("pan")), parser.isSet("all")};
   return request;
 }
 
@@ -118,39 +110,6 @@ boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
     throw std::runtime_error("no tree in '" + name + "'; .tre and .nwk files in Newick are read");
   }
   return document->getTree();
-}
-
-/// A window that is not on the screen has no pixels that can be read.
-void showAndWait(QWidget& window)
-{
-  window.show();
-  QElapsedTimer timer;
-  timer.start();
-  while (!window.windowHandle()->isExposed())
-  {
-    if (timer.elapsed() > millisecondsForWindow)
-    {
-      throw std::runtime_error("the display shows no window");
-    }
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-  }
-}
-
-QImage draw(const Request& request, boost::shared_ptr<orvex::Tree> tree)
-{
-  // A window manager would make a window larger than the screen smaller.
-  QWidget window(nullptr, Qt::X11BypassWindowManagerHint | Qt::FramelessWindowHint);
-  window.setFixedSize(request.size);
-  Lumbra::Viewer viewer(&window);
-  viewer.setGeometry(window.rect());
-  viewer.tree(tree);
-  viewer.updateScene();
-  viewer.settings()->alwaysUseHighLod(request.all);
-  showAndWait(window);
-  // Only now, since the limits of the zoom depend on the size of the window.
-  viewer.camera()->zoomByAmount(request.zoom - viewer.camera()->zoom());
-  viewer.camera()->pan(0.0, request.pan);
-  return viewer.picture();
 }
 
 void write(const QImage& picture, const std::string& name)
@@ -195,8 +154,8 @@ void run(int argc, char** argv)
   const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
   // Qt would take some arguments for options of its own.
   int one = 1;
-  const QApplication application(one, argv);
-  write(draw(request, tree), request.image);
+  const QGuiApplication application(one, argv);
+  write(orvex::snapshot::drawPicture(tree, request.look), request.image);
   orvex::render::gl::FreeType::destroy();
 }
 
