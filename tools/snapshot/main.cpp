@@ -14,6 +14,7 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QRegularExpression>
 
@@ -64,6 +65,18 @@ double toNumber(const QString& value)
   return number;
 }
 
+// Qt knows more kinds, but some of them have no colours and some a size of their own.
+std::string toImageName(const QString& value)
+{
+  static const QStringList suffixes{"bmp", "jpeg", "jpg", "png", "tif", "tiff"};
+  if (!suffixes.contains(QFileInfo(value).suffix(), Qt::CaseInsensitive))
+  {
+    throw std::invalid_argument("can't write '" + Tools::Qt::fileName(value) +
+                                "': its suffix must be .bmp, .jpg, .png or .tif");
+  }
+  return Tools::Qt::fileName(value);
+}
+
 Request parse(const QStringList& arguments)
 {
   QCommandLineParser parser;
@@ -79,12 +92,16 @@ Request parse(const QStringList& arguments)
   const QStringList names = parser.positionalArguments();
   Request request;
   request.help = parser.isSet("help");
-  if (names.size() != 2 && !request.help)
+  if (request.help)
+  {
+    return request;
+  }
+  if (names.size() != 2)
   {
     throw std::invalid_argument(usage);
   }
   request.tree = Tools::Qt::fileName(names.value(0));
-  request.image = Tools::Qt::fileName(names.value(1));
+  request.image = toImageName(names.value(1));
   request.look = {toSize(parser.value("size")), toNumber(parser.value("zoom")),
                   toNumber(parser.value("pan")), parser.isSet("all")};
   return request;
@@ -116,14 +133,9 @@ void write(const QImage& picture, const std::string& name)
 {
   if (!Tools::Qt::saveImage(picture, name))
   {
-    throw std::runtime_error(
-        "can't write '" + name +
-        "': its suffix must be .bmp, .jpg, .png or .tif, and its folder or the file "
-        "itself writable");
-  }
-  if (QImage(Tools::Qt::fileName(name)).size() != picture.size())
-  {
-    throw std::runtime_error("what was written to '" + name + "' can't be read back");
+    throw std::runtime_error("can't write '" + name +
+                             "': its folder or the file itself must be writable, and for .tif Qt's "
+                             "TIFF writer installed");
   }
 }
 
