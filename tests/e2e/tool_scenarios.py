@@ -13,6 +13,8 @@ import subprocess
 from desktop import PATIENCE, pixels
 from programs import PROGRAMS, TREE, environment, run, scenario, serving, viewer
 
+ROOT = pathlib.Path(__file__).parents[2]
+
 
 @scenario
 def service_answers(folder):
@@ -72,7 +74,7 @@ def snapshots(folder):
         pictures.append(pixels(folder / image))
         assert pictures.count(pictures[-1]) == 1, options
     assert {picture[:2] for picture in pictures} == {(1000, 600), (1500, 1300)}
-    examples = list(pathlib.Path(__file__).parents[2].glob("examples/*.nwk"))
+    examples = list(ROOT.glob("examples/*.nwk"))
     assert len(examples) > 3
     for example in examples:
         run(folder, "orvex-snapshot", example, "example.png").check_returncode()
@@ -92,6 +94,20 @@ def snapshots_anywhere(folder):
         run(folder, "orvex-snapshot", "wide.nwk", "here.png", "--zoom", "1.12", "--size",
             "%dx%d" % window[:2], **session).check_returncode()
         assert pixels(folder / "here.png") == window, session
+
+
+@scenario
+def help_texts(folder):
+    """They need no display, and explain the options of the manual, with their defaults."""
+    for program, *words in (("orvex-snapshot", "pixels", "1000x600"), ("orvex-generate", "polytomy"),
+                            ("orvex-tree-service", "14444")):
+        manual = (ROOT / f"packaging/man/{program}.1.in").read_text().replace("\\-", "-")
+        for option in ("-h", "--help"):
+            asked = run(folder, program, option, DISPLAY="")
+            assert (asked.returncode, asked.stderr) == (0, ""), asked
+            assert set(re.findall(r"--?\b[a-z]+", asked.stdout)) >= set(
+                re.findall(r"--[a-z]+", manual)) | {"-h"}, asked
+            assert all(word in asked.stdout for word in words), asked
 
 
 @scenario
@@ -151,7 +167,7 @@ def wrong_arguments(folder):
                  "t.nwk no/x.png", "t.nwk x.png --size 0x5",
                  "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue"),
                 ("orvex-generate", "", "star", "star 3 4", "star x", "star -3", "star 3x", "star 0",
-                 "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sed 4"),
+                 "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sow 4"),
                 ("orvex-tree-service", "", ". .", "--port", f"--port {taken.getsockname()[1]} .",
                  "--port 0 .", "--port 65536 .", "--port 80x .", "--verbose .", "none", "t.nwk")):
             for arguments in cases:

@@ -3,18 +3,39 @@
 #include "generate/TreeGenerator.h"
 #include "terminal/TerminalProgress.h"
 
+#include <getopt.h>
+
+#include <cerrno>
 #include <charconv>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace
 {
 
-const char* const usage =
-    "usage: orvex-generate random|balanced|ladder|star|polytomy LEAVES [--seed N] [--lengths]";
+const char* const help =
+    R"(Usage: orvex-generate [options] SHAPE LEAVES
+Generates a tree and writes it in Newick to the standard output. The same
+arguments give the same tree on every machine.
+
+Options:
+  -h, --help  Shows this help.
+  --seed <N>  Another tree for another whole number, from 0 to 4294967295;
+              1 if not given.
+  --lengths   Gives each branch a length between 0 and 1; no lengths if not
+              given.
+
+Arguments:
+  SHAPE       random    a random leaf divides in two, again and again
+              balanced  a level is full before the next one begins
+              ladder    on every level one leaf beside all the rest
+              star      all leaves are children of the root
+              polytomy  a random leaf divides into 2 to 50, again and again
+  LEAVES      How many leaves the tree has, from 1 to 100000000.
+)";
 
 unsigned int toNumber(const std::string& text)
 {
@@ -30,46 +51,18 @@ unsigned int toNumber(const std::string& text)
 
 struct Request
 {
-  std::vector<std::string> words;
+  std::string shape;
+  unsigned int leaves = 0;
   unsigned int seed = 1;
   bool lengths = false;
 };
-
-Request parse(const std::vector<std::string>& arguments)
-{
-  Request request;
-  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument)
-  {
-    if (*argument == "--lengths")
-    {
-      request.lengths = true;
-    }
-    else if (*argument == "--seed" && argument + 1 != arguments.end())
-    {
-      request.seed = toNumber(*++argument);
-    }
-    else if (argument->rfind("--", 0) == 0)
-    {
-      throw std::invalid_argument(usage);
-    }
-    else
-    {
-      request.words.push_back(*argument);
-    }
-  }
-  if (request.words.size() != 2)
-  {
-    throw std::invalid_argument(usage);
-  }
-  return request;
-}
 
 void generate(const Request& request)
 {
   const orvex::tools::TerminalProgress progress;
   orvex::tools::TreeGenerator generator(request.seed);
-  generator.write(std::cout, orvex::tools::shapeFromName(request.words[0]),
-                  toNumber(request.words[1]), request.lengths);
+  generator.write(std::cout, orvex::tools::shapeFromName(request.shape), request.leaves,
+                  request.lengths);
   std::cout << '\n' << std::flush;
   if (!std::cout)
   {
@@ -77,18 +70,54 @@ void generate(const Request& request)
   }
 }
 
+int run(int argc, char** argv)
+{
+  const option options[] = {{"help", no_argument, nullptr, 'h'},
+                            {"seed", required_argument, nullptr, 's'},
+                            {"lengths", no_argument, nullptr, 'l'},
+                            {}};
+  Request request;
+  for (int found = 0; (found = getopt_long(argc, argv, "h", options, nullptr)) != -1;)
+  {
+    switch (found)
+    {
+    case 'h':
+      std::cout << help << std::flush;
+      return EXIT_SUCCESS;
+    case 's':
+      request.seed = toNumber(optarg);
+      break;
+    case 'l':
+      request.lengths = true;
+      break;
+    default:
+      return EXIT_FAILURE; // getopt_long has said why
+    }
+  }
+  if (argc - optind != 2)
+  {
+    throw std::invalid_argument("A SHAPE and a number of LEAVES are needed. "
+                                "See orvex-generate --help.");
+  }
+  request.shape = argv[optind];
+  request.leaves = toNumber(argv[optind + 1]);
+  generate(request);
+  return EXIT_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+  // So getopt_long's messages begin as ours do.
+  argv[0] = program_invocation_short_name;
   try
   {
-    generate(parse({argv + 1, argv + argc}));
-    return 0;
+    return run(argc, argv);
   }
   catch (const std::exception& e)
   {
     std::cerr << "orvex-generate: " << e.what() << '\n';
-    return 1;
+    return EXIT_FAILURE;
   }
 }

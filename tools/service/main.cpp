@@ -6,12 +6,15 @@
 
 #include <httplib.h>
 
+#include <getopt.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -24,13 +27,23 @@ using orvex::service::TreeFolder;
 
 // The loopback address: other machines of the network can't connect.
 const char* const address = "127.0.0.1";
-const char* const usage = "usage: orvex-tree-service [--port 14444] FOLDER";
+const char* const help = R"(Usage: orvex-tree-service [options] FOLDER
+Serves the Newick files of a folder as a tree service, to the viewers of this
+machine only. Runs until SIGINT or SIGTERM.
+
+Options:
+  -h, --help  Shows this help.
+  --port <N>  The TCP port to listen at, from 1 to 65535; 14444, where the
+              viewer asks, if not given.
+
+Arguments:
+  FOLDER      The folder with the trees; only its .nwk and .tre files are served.
+)";
 
 struct Options
 {
   int port = 14444;
   std::string folder;
-  bool help = false;
 };
 
 int parsePort(const std::string& text)
@@ -43,37 +56,6 @@ int parsePort(const std::string& text)
     throw std::runtime_error("the port must be a number from 1 to 65535, not \"" + text + "\"");
   }
   return port;
-}
-
-Options parseOptions(const std::vector<std::string>& arguments)
-{
-  Options options;
-  for (std::size_t i = 0; i < arguments.size(); ++i)
-  {
-    const std::string& argument = arguments[i];
-    if (argument == "--help" || argument == "-h")
-    {
-      options.help = true;
-      return options;
-    }
-    if (argument == "--port")
-    {
-      options.port = parsePort(i + 1 < arguments.size() ? arguments[++i] : "");
-    }
-    else if (argument.empty() || argument[0] == '-' || !options.folder.empty())
-    {
-      throw std::runtime_error("unexpected argument \"" + argument + "\"; " + usage);
-    }
-    else
-    {
-      options.folder = argument;
-    }
-  }
-  if (options.folder.empty())
-  {
-    throw std::runtime_error(std::string("no folder given; ") + usage);
-  }
-  return options;
 }
 
 void answer(httplib::Response& response, int status, const std::string& json)
@@ -173,7 +155,7 @@ void stop(httplib::Server& server, const std::atomic<bool>& ended)
 }
 
 /// Serves until SIGINT or SIGTERM.
-void run(const Options& options)
+void serveFolder(const Options& options)
 {
   httplib::Server server;
   listenOn(server, options.port);
@@ -208,24 +190,47 @@ void run(const Options& options)
   }
 }
 
+int run(int argc, char** argv)
+{
+  const option known[] = {
+      {"help", no_argument, nullptr, 'h'}, {"port", required_argument, nullptr, 'p'}, {}};
+  Options options;
+  for (int found = 0; (found = getopt_long(argc, argv, "h", known, nullptr)) != -1;)
+  {
+    switch (found)
+    {
+    case 'h':
+      std::cout << help << std::flush;
+      return EXIT_SUCCESS;
+    case 'p':
+      options.port = parsePort(optarg);
+      break;
+    default:
+      return EXIT_FAILURE; // getopt_long has said why
+    }
+  }
+  if (argc - optind != 1)
+  {
+    throw std::runtime_error("One FOLDER is needed. See orvex-tree-service --help.");
+  }
+  options.folder = argv[optind];
+  serveFolder(options);
+  return EXIT_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+  // So getopt_long's messages begin as ours do.
+  argv[0] = program_invocation_short_name;
   try
   {
-    const Options options = parseOptions({argv + 1, argv + argc});
-    if (options.help)
-    {
-      std::cout << usage << std::endl;
-      return 0;
-    }
-    run(options);
-    return 0;
+    return run(argc, argv);
   }
   catch (const std::exception& e)
   {
     std::cerr << "orvex-tree-service: " << e.what() << std::endl;
-    return 1;
+    return EXIT_FAILURE;
   }
 }

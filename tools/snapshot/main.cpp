@@ -18,6 +18,7 @@
 #include <QGuiApplication>
 #include <QRegularExpression>
 
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
@@ -28,8 +29,7 @@ namespace
 
 using Tools::Qt::text;
 
-const char* const usage =
-    "usage: orvex-snapshot TREE IMAGE [--size WxH] [--zoom Z] [--pan Y] [--all]";
+const char* const seeHelp = " See orvex-snapshot --help.";
 // With more pixels the buffers of a frame, which have four samples for each, are too large for
 // usual memories.
 constexpr int largestSide = 8192;
@@ -39,7 +39,6 @@ struct Request
   std::string tree;
   std::string image;
   orvex::snapshot::Look look;
-  bool help = false;
 };
 
 QSize toSize(const QString& value)
@@ -77,34 +76,38 @@ std::string toImageName(const QString& value)
   return Tools::Qt::fileName(value);
 }
 
-Request parse(const QStringList& arguments)
+void describe(QCommandLineParser& parser)
 {
-  QCommandLineParser parser;
-  parser.addOptions({{"size", "", "WxH", "1000x600"},
-                     {"zoom", "", "Z", "1"},
-                     {"pan", "", "Y", "0"},
-                     {"all", ""},
-                     {"help", ""}});
-  if (!parser.parse(arguments))
-  {
-    throw std::invalid_argument(text(parser.errorText()) + " " + usage);
-  }
+  parser.setApplicationDescription(
+      "Draws a tree file as the viewer shows it and writes the picture, for scripts.");
+  parser.addPositionalArgument("TREE", "The tree: a file in Newick, .nwk or .tre.");
+  parser.addPositionalArgument(
+      "IMAGE", "The picture to write; its suffix, .bmp, .jpg, .png or .tif, says of which kind.");
+  parser.addOptions(
+      {{{"h", "help"}, "Shows this help."},
+       {"size",
+        "Width and height of the picture in pixels, each from 1 to 8192; 1000x600 if not given.",
+        "WxH", "1000x600"},
+       {"zoom",
+        "Factor by which the tree is stretched in height, from 1, where all of it is seen; 1 if "
+        "not given.",
+        "Z", "1"},
+       {"pan", "How far the tree is moved up, in heights of the whole tree; 0 if not given.", "Y",
+        "0"},
+       {"all", "Shows every line, never an outline of a clade; off if not given."}});
+}
+
+Request toRequest(const QCommandLineParser& parser)
+{
   const QStringList names = parser.positionalArguments();
-  Request request;
-  request.help = parser.isSet("help");
-  if (request.help)
-  {
-    return request;
-  }
   if (names.size() != 2)
   {
-    throw std::invalid_argument(usage);
+    throw std::invalid_argument(std::string("A TREE and an IMAGE are needed.") + seeHelp);
   }
-  request.tree = Tools::Qt::fileName(names.value(0));
-  request.image = toImageName(names.value(1));
-  request.look = {toSize(parser.value("size")), toNumber(parser.value("zoom")),
-                  toNumber(parser.value("pan")), parser.isSet("all")};
-  return request;
+  return {Tools::Qt::fileName(names[0]),
+          toImageName(names[1]),
+          {toSize(parser.value("size")), toNumber(parser.value("zoom")),
+           toNumber(parser.value("pan")), parser.isSet("all")}};
 }
 
 boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
@@ -149,23 +152,35 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString&)
   }
 }
 
-void run(int argc, char** argv)
+QStringList toArguments(int argc, char** argv)
 {
   QStringList arguments;
   for (int i = 0; i < argc; ++i)
   {
     arguments.append(Tools::Qt::fileName(std::string(argv[i])));
   }
-  const Request request = parse(arguments);
-  if (request.help)
+  return arguments;
+}
+
+void run(int argc, char** argv)
+{
+  QCommandLineParser parser;
+  describe(parser);
+  if (!parser.parse(toArguments(argc, argv)))
   {
-    std::cout << usage << '\n';
-    return;
+    throw std::invalid_argument(text(parser.errorText()) + seeHelp);
   }
-  const orvex::tools::TerminalProgress progress;
-  const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
   // Qt would take some arguments for options of its own.
   int one = 1;
+  if (parser.isSet("help"))
+  {
+    const QCoreApplication application(one, argv); // the help names it
+    std::cout << text(parser.helpText()) << std::flush;
+    return;
+  }
+  const Request request = toRequest(parser);
+  const orvex::tools::TerminalProgress progress;
+  const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
   const QGuiApplication application(one, argv);
   write(orvex::snapshot::drawPicture(tree, request.look), request.image);
   orvex::render::gl::FreeType::destroy();
@@ -178,6 +193,7 @@ int main(int argc, char** argv)
   Kelmar::System::LargePages::prefer();
   Kelmar::System::raiseStackLimit();
   qInstallMessageHandler(handleMessage);
+  argv[0] = program_invocation_short_name; // the help begins with it
   try
   {
     run(argc, argv);
