@@ -24,6 +24,8 @@ namespace
 
 using render::gl::ViewCladogram;
 
+constexpr int usualDotsPerMeter = 3780; // 96 to an inch
+
 /// A context that is current until the end of the scope.
 class CurrentContext : private boost::noncopyable
 {
@@ -91,6 +93,9 @@ public:
     require(glGetError() == GL_NO_ERROR);
     QImage image = _buffer.toImage();
     require(!image.isNull() && glGetError() == GL_NO_ERROR);
+    // Not that of the display, with which files of the same picture would differ.
+    image.setDotsPerMeterX(usualDotsPerMeter);
+    image.setDotsPerMeterY(usualDotsPerMeter);
     return image;
   }
 
