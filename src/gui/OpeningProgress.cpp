@@ -2,6 +2,7 @@
 
 #include "gui/qt/DiscardedInput.h"
 #include "gui/qt/Strings.h"
+#include "shell/base/NoThrow.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -71,7 +72,7 @@ OpeningProgress::~OpeningProgress()
 {
   if (_area.isVisible())
   {
-    Tools::Qt::DiscardedInput::discard();
+    Kelmar::Functions::noThrow(&Tools::Qt::DiscardedInput::discard, "5127730964");
   }
 }
 

@@ -4,6 +4,7 @@
 #include "support/Window.h"
 #include "tree/Document.h"
 
+#include <QElapsedTimer>
 #include <QProgressBar>
 #include <QTest>
 
@@ -100,7 +101,13 @@ TEST_F(OpeningTest, ShowsNothingIfItIsQuick)
   Window window;
   window.show();
   qApp->installEventFilter(&shown);
-  window._documentOpen(file("five.nwk", "((a,b),c);"));
+  QElapsedTimer timer;
+  do // on a machine that is busy it may not be quick
+  {
+    shown.count = 0;
+    timer.start();
+    window._documentOpen(file("five.nwk", "((a,b),c);"));
+  } while (timer.elapsed() >= 500);
   EXPECT_EQ(Listening::listener(), nullptr);
   EXPECT_EQ(shown.count, 0);
 }

@@ -179,9 +179,10 @@ void run(int argc, char** argv)
     return;
   }
   const Request request = toRequest(parser);
+  // Before the tree is read, which can take long.
+  const QGuiApplication application(one, argv);
   const orvex::tools::TerminalProgress progress;
   const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
-  const QGuiApplication application(one, argv);
   write(orvex::snapshot::drawPicture(tree, request.look), request.image);
   orvex::render::gl::FreeType::destroy();
 }

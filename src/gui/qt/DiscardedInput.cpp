@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QTimer>
 
 namespace Tools::Qt
 {
@@ -18,11 +17,20 @@ constexpr int milliseconds = 100;
 } // namespace
 } // namespace Detail
 
+DiscardedInput::DiscardedInput(QObject* application) : QObject(application)
+{
+  application->installEventFilter(this);
+  startTimer(Detail::milliseconds);
+}
+
 void DiscardedInput::discard()
 {
-  auto* const filter = new DiscardedInput(QCoreApplication::instance());
-  QCoreApplication::instance()->installEventFilter(filter);
-  QTimer::singleShot(Detail::milliseconds, filter, &QObject::deleteLater);
+  new DiscardedInput(QCoreApplication::instance());
+}
+
+void DiscardedInput::timerEvent(QTimerEvent*)
+{
+  deleteLater();
 }
 
 bool DiscardedInput::eventFilter(QObject*, QEvent* event)

@@ -16,8 +16,11 @@ public:
 
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
+protected:
+  void timerEvent(QTimerEvent* event) override;
+
 private:
-  using QObject::QObject;
+  explicit DiscardedInput(QObject* application);
 };
 
 } // namespace Tools::Qt
