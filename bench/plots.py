@@ -21,13 +21,14 @@ def benchmarks(folder, program):
 
 
 def series(folder, program, work):
-    """Shape to a list of (leaves, milliseconds of CPU)."""
+    """Shape, or part of the greatest zoom, to a list of (leaves, milliseconds of CPU)."""
     found = {}
     for row in benchmarks(folder, program):
         name = row["name"].split("/")
         if name[0] == work and row["run_type"] == "iteration":
             size = next(int(part.split(":")[-1]) for part in name[1:] if part.split(":")[-1].isdigit())
-            shape = name[1] if not name[1].split(":")[-1].isdigit() else "random"
+            zoom = name[-1].partition("zoom%:")[2]
+            shape = f"zoom {zoom} %" if zoom else name[1]
             found.setdefault(shape, []).append((size, row["cpu_time"] * UNIT[row["time_unit"]]))
     return {shape: sorted(points) for shape, points in found.items()}
 
@@ -39,12 +40,13 @@ def growth(folder, images):
         for shape, points in series(folder, program, work).items():
             axis.loglog(*zip(*points), marker="o", markersize=3, label=shape)
             each = ", ".join(f"{time * 1e6 / size:.0f}" for size, time in points)
-            print(f"| {title} | {shape} | {points[-1][0]:,} | {points[-1][1]:.0f} | {each} |")
+            print(f"| {title} | {shape} | {points[-1][0]:,} | {points[-1][1]:.3g} | {each} |")
         axis.set_title(title)
         axis.set_xlabel("leaves")
         axis.grid(True, alpha=0.3)
     axes[0].set_ylabel("CPU ms")
     axes[0].legend()
+    axes[-1].legend()
     figure.tight_layout()
     figure.savefig(images / "growth.png", dpi=80)
 
