@@ -70,6 +70,15 @@ private:
   bool _before;
 };
 
+/// Until the end of the scope, what is drawn leaves the frame opaque as it was cleared. Blending
+/// would make it translucent, and a compositor then shows through it what lies behind the window.
+class OpaqueDrawing : private boost::noncopyable
+{
+public:
+  OpaqueDrawing() { glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); }
+  ~OpaqueDrawing() { glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE); }
+};
+
 #ifndef NDEBUG
 // The first one is shown to the user. Its box uncovers the view, which is drawn again, and so on:
 // the following ones are only logged.
@@ -234,6 +243,7 @@ void ViewCladogram::_renderThumbnailView(const Kelmar::Math::Matrix44d& matrix)
   {
     _createThumbnailImage();
   }
+  const Detail::OpaqueDrawing opaque;
   applyPass(_thumbnailPass());
   if (_thumbnailTexture)
   {
@@ -244,6 +254,7 @@ void ViewCladogram::_renderThumbnailView(const Kelmar::Math::Matrix44d& matrix)
 
 void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
 {
+  const Detail::OpaqueDrawing opaque;
   glEnable(GL_DEPTH_TEST);
   const DrawingPass pass{_mainViewport, _mainProjection, matrix};
   applyPass(pass);

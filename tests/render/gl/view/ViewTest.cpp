@@ -1,5 +1,6 @@
 #include "support/GlWindowTest.h"
 
+#include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/view/ViewCladogram.h"
 
 #include <numeric>
@@ -110,6 +111,21 @@ TEST_F(ViewTest, TheThumbnailsRectangleFollowsZoomAndPan)
     EXPECT_NEAR(blue.end, std::min(600.0, middle + half), 1.0);
     EXPECT_GT(blue.count, 90 * (blue.end - blue.low)) << "filled";
   }
+}
+
+TEST_F(ViewTest, AFrameIsOpaqueAlsoWhereThingsAreBlended)
+{
+  open(randomNewick(500, 4), 1000, 600);
+  view->render(); // makes the thumbnail's picture, for which another buffer is bound
+  TextureName texture;
+  FrameBufferObject frame;
+  frame.attachTexture(texture, 1000, 600);
+  view->render();
+  std::vector<GLubyte> alpha(1000 * 600);
+  glReadPixels(0, 0, 1000, 600, GL_ALPHA, GL_UNSIGNED_BYTE, alpha.data());
+  frame.unbind();
+  texture.remove();
+  EXPECT_EQ(std::count(alpha.begin(), alpha.end(), 255), 1000 * 600);
 }
 
 TEST_F(ViewTest, WithoutFramebufferObjectsTheThumbnailIsOnlyItsRectangle)
