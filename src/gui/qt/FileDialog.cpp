@@ -8,6 +8,7 @@
 #include <boost/filesystem/path.hpp>
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QStringList>
 
 #include <iostream>
@@ -28,6 +29,14 @@ const char* const LAST_FILTER = "last_filter";
 QString key(const char* value, const std::string& title)
 {
   return QStringList({FILE_DIALOG, value, text(title)}).join('.').replace(' ', '_');
+}
+
+// A dialog takes the last name of a directory that is gone for the name of a file. An empty name
+// means Qt's default.
+bool isUsable(const QVariant& directory)
+{
+  const QString name = directory.toString();
+  return directory.isValid() && (name.isEmpty() || QFileInfo(name).isDir());
 }
 
 } // namespace
@@ -106,7 +115,8 @@ QString FileDialog::_lastFileDialogDir(const std::string& title)
   try
   {
     const QVariant stored = setting(Detail::key(Detail::LAST_DIRECTORY, title));
-    return stored.isValid() ? stored.toString() : fileName(Kelmar::User::Directory::documents());
+    return Detail::isUsable(stored) ? stored.toString()
+                                    : fileName(Kelmar::User::Directory::documents());
   }
   catch (const std::exception& e)
   {

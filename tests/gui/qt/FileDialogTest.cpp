@@ -26,6 +26,7 @@ protected:
         [&](QFileDialog& dialog)
         {
           EXPECT_EQ(dialog.nameFilters(), QStringList({"Newick (*.nwk)", "Newick (*.tre)"}));
+          EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "") << "no name is proposed";
           answer.first =
               (dialog.directory().path() + "|" + dialog.selectedNameFilter()).toStdString();
           filter.isEmpty() ? void() : dialog.selectNameFilter(filter);
@@ -45,6 +46,8 @@ TEST_F(FileDialogTest, RemembersDirectoryAndFilterForEachTitle)
   const std::string remembered = path("trees \u00e9") + "|Newick (*.tre)";
   EXPECT_EQ(ask("Open", ""), Answer(remembered, ""));
   EXPECT_EQ(ask("Open", ""), Answer(remembered, "")) << "cancelling stores nothing";
+  QDir(QString::fromStdString(path("trees \u00e9"))).removeRecursively();
+  EXPECT_EQ(ask("Open", ""), Answer(home + "|Newick (*.tre)", "")) << "the directory is gone";
   const std::string other = path("new.nwk");
   EXPECT_EQ(ask("Export Image", other), Answer(home + "|Newick (*.nwk)", other));
 }
