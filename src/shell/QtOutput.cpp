@@ -1,9 +1,13 @@
 #include "shell/QtOutput.h"
 
 #include "gui/qt/Strings.h"
+#include "shell/base/TerminationReport.h"
+
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <iostream>
+#include <stdexcept>
 
 namespace Helper
 {
@@ -51,6 +55,11 @@ void handle(QtMsgType type, const QMessageLogContext&, const QString& message)
   }
   catch (...)
   {
+  }
+  // Qt, which has no platform then, would advise a new installation and abort.
+  if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty())
+  {
+    Kelmar::Functions::TerminationReport::end(std::runtime_error("no display can be reached"));
   }
 }
 

@@ -10,7 +10,8 @@ namespace Helper
 /// \param message  in UTF-8; null writes nothing
 void qtOutput(QtMsgType type, const char* message);
 
-/// Makes qtOutput the handler of all messages of Qt.
+/// Makes qtOutput the handler of all messages of Qt. The fatal one of an application object that
+/// can reach no display then ends the process by TerminationReport::end.
 void installQtOutput();
 
 } // namespace Helper

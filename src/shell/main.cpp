@@ -2,6 +2,7 @@
 #include "shell/base/ExceptionHandler.h"
 #include "shell/base/LargePages.h"
 #include "shell/base/StackLimit.h"
+#include "shell/base/Terminal.h"
 #include "shell/base/TerminationReport.h"
 
 #include <cstdlib>
@@ -24,10 +25,12 @@ try
   catch (const std::exception& e)
   {
     exceptionHandler("1630567380", e, failure);
+    Kelmar::System::tellOnTerminal(e.what());
   }
   catch (...)
   {
     exceptionHandler("1630567380", failure);
+    Kelmar::System::tellOnTerminal(nullptr);
   }
   return EXIT_FAILURE;
 }

@@ -62,12 +62,21 @@ def homes(folder):
     with viewer(folder, HOME=str(folder / "not/there")) as main:
         main.show()
     assert (folder / "not/there" / LOG).exists()
-    for home, reason in (({}, "Error 3888703160: "), ({"HOME": ""}, "Error 3888703160: "),
-                         ({"HOME": "/proc/none"}, "boost::filesystem::")):
-        variables = {k: v for k, v in environment(folder).items() if k != "HOME"}
-        assert subprocess.run([VIEWER], cwd=folder, env={**variables, **home}).returncode == 1
+
+
+@scenario
+def no_start(folder):
+    """Why there is none stands in a line on the terminal and in one of "exception.txt"."""
+    for changes, reason in (({"HOME": None}, "Error 3888703160: "), ({"HOME": ""}, "Error 3888703160: "),
+                            ({"HOME": "/proc/none"}, "boost::filesystem::"),
+                            ({"DISPLAY": None}, "no display can be reached")):
+        variables = {k: v for k, v in environment(folder, **changes).items() if v is not None}
+        ended = subprocess.run([VIEWER], cwd=folder, env=variables, text=True, capture_output=True)
+        assert ended.returncode == 1, ended
+        assert re.fullmatch(f"orvex-tree-viewer: {reason}.*\n", ended.stderr), ended
         text = (folder / "exception.txt").read_text()
-        assert text.startswith("Error 1630567380: " + reason), text
+        assert text == ended.stderr.replace("orvex-tree-viewer", "Error 1630567380"), text
+    assert "Qt Fatal Message: " in (folder / LOG).read_text()
 
 
 def fill_disk():

@@ -1,9 +1,9 @@
 #include "shell/base/TerminationReport.h"
 
 #include "shell/base/ExceptionHandler.h"
+#include "shell/base/Terminal.h"
 
 #include <cstdlib>
-#include <exception>
 
 namespace Kelmar::Functions
 {
@@ -65,6 +65,23 @@ TerminationReport::TerminationReport(const char* id, std::ostream& out)
 TerminationReport::~TerminationReport()
 {
   std::set_terminate(Detail::handlerBefore);
+  Detail::reportStream = nullptr;
+}
+
+void TerminationReport::end(const std::exception& reason)
+{
+  System::tellOnTerminal(reason.what());
+  try
+  {
+    if (Detail::reportStream)
+    {
+      Helper::exceptionHandler(Detail::reportId, reason, *Detail::reportStream);
+    }
+  }
+  catch (...)
+  {
+  }
+  std::_Exit(EXIT_FAILURE);
 }
 
 } // namespace Kelmar::Functions

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <iosfwd>
 
 namespace Kelmar::Functions
@@ -17,6 +18,10 @@ public:
   ~TerminationReport();
   TerminationReport(const TerminationReport&) = delete;
   TerminationReport& operator=(const TerminationReport&) = delete;
+
+  /// For where an exception can't leave another library's code: reports a reason to the stream of
+  /// the object that is alive, and on the terminal, and ends the process with exit code 1.
+  [[noreturn]] static void end(const std::exception& reason);
 };
 
 } // namespace Kelmar::Functions
