@@ -3,6 +3,7 @@
 #include "gui/MainWindow.h"
 #include "gui/qt/Strings.h"
 #include "shell/Application.h"
+#include "shell/EndSignals.h"
 #include "shell/QtOutput.h"
 #include "shell/StreamRedirect.h"
 #include "shell/base/UserDirectory.h"
@@ -25,6 +26,8 @@ void identify(const std::string& organisation, const std::string& domain, const 
   QCoreApplication::setOrganizationDomain(text(domain));
   QCoreApplication::setApplicationName(text(name));
   QCoreApplication::setApplicationVersion(ORVEX_VERSION);
+  // By it a Wayland desktop finds the icon.
+  QGuiApplication::setDesktopFileName("orvex-tree-viewer");
 }
 
 } // namespace
@@ -45,6 +48,7 @@ int Program::run(int argc, char** argv)
   const Application application(argc, argv);
   Detail::identify(organisation, domain, name);
 
+  const EndSignals ending;
   // After the names are set, since the window reads its settings under them.
   Lumbra::MainWindow window;
   window.setWindowTitle(Tools::Qt::text(name));

@@ -89,13 +89,17 @@ def lit(picture):
 class MainWindow:
     """The viewer's window, once it is there, and a folder for screenshots."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, process):
         self.folder = folder
+        self.process = process
         self.window = window(NAME)
 
     def screenshot(self):
         subprocess.run(["import", "-window", self.window, self.folder / "shot.png"], check=True)
         return pixels(self.folder / "shot.png")
+
+    def size(self):
+        return self.screenshot()[:2]
 
     def settled(self):
         """A screenshot of a tree, once the window stays as it is."""

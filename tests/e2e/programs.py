@@ -46,7 +46,7 @@ def viewer(folder, *arguments, before=None, leave=lambda _: confirm(NAME, keys=[
     process = subprocess.Popen([VIEWER, *arguments], cwd=folder, env=environment(folder, **variables),
                                preexec_fn=before, stderr=subprocess.PIPE, text=True)
     try:
-        main = MainWindow(folder)
+        main = MainWindow(folder, process)
         yield main
         leave(main)
         errors = process.communicate(timeout=PATIENCE)[1]

@@ -8,7 +8,7 @@ import signal
 import subprocess
 import time
 
-from desktop import NAME, confirm, lit, pixels, wait_for, windows, xdotool
+from desktop import NAME, confirm, lit, pixels, wait_for, window, windows, xdotool
 from programs import (FAILED, LIST, LOG, PROGRAMS, SETTINGS, TREE, VIEWER, environment, good, run,
                       scenario, service, serving, viewer)
 
@@ -77,6 +77,22 @@ def no_start(folder):
         text = (folder / "exception.txt").read_text()
         assert text == ended.stderr.replace("orvex-tree-viewer", "Error 1630567380"), text
     assert "Qt Fatal Message: " in (folder / LOG).read_text()
+
+
+@scenario
+def signals(folder):
+    """They close what is open, so that the next window has the size of the last one."""
+    before = (800, 600)
+    for number, size in ((signal.SIGTERM, (640, 500)), (signal.SIGINT, (660, 520)),
+                         (signal.SIGHUP, (680, 540)), (signal.SIGTERM, (700, 560))):
+        with viewer(folder, before=lambda: signal.signal(signal.SIGHUP, signal.SIG_DFL),
+                    leave=lambda main: main.process.send_signal(number)) as main:
+            wait_for(f"the size {before}", lambda: main.size() == before)
+            xdotool("windowsize", main.window, *size)
+            wait_for(f"the size {size}", lambda: main.size() == size)
+            xdotool("key", "ctrl+o")
+            window("Open")
+        before = size
 
 
 def fill_disk():
