@@ -4,6 +4,7 @@
 #include "gui/OpeningProgress.h"
 #include "gui/TreeListDialog.h"
 #include "gui/Viewer.h"
+#include "gui/qt/AfterDialog.h"
 #include "gui/qt/ErrorBox.h"
 #include "gui/qt/FileDialog.h"
 #include "gui/qt/Settings.h"
@@ -113,6 +114,7 @@ void MainWindow::_documentOpen()
     }
     // Before the new file is read, so that memory has to hold one large tree only.
     _documentClose();
+    _repaint();
     _documentOpen(name);
   }
   catch (const std::exception& e)
@@ -155,6 +157,7 @@ void MainWindow::_documentOpen(const std::string& name)
 void MainWindow::_documentOpenFromHalvane()
 {
   std::vector<boost::shared_ptr<orvex::TreeData>> trees;
+  _repaint();
   orvex::downloadTreeList(trees);
   TreeListDialog dialog(trees, this);
   if (dialog.exec() == 0)
@@ -166,9 +169,19 @@ void MainWindow::_documentOpenFromHalvane()
   {
     return;
   }
+  _repaint();
   const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
   document->loadFromHalvane(selected.id);
   _createGui(document);
+}
+
+void MainWindow::_repaint()
+{
+  Tools::Qt::repaintAfterDialog(*this);
+  if (_viewer)
+  {
+    _viewer->repaint();
+  }
 }
 
 void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)

@@ -57,6 +57,8 @@ private:
   /// \throws what the downloads throw
   void _documentOpenFromHalvane();
   void _documentClose();
+  /// Paints the window and the shown tree at once, before what keeps the program from painting.
+  void _repaint();
   /// Shows a document's tree in a new viewer, which replaces the central widget.
   /// \param document  null leaves the viewer empty
   void _createGui(boost::intrusive_ptr<orvex::Document> document);

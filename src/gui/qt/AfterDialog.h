@@ -1,0 +1,13 @@
+#pragma once
+
+class QWidget;
+
+namespace Tools::Qt
+{
+
+/// Paints a window at once after a dialog or a menu in front of it was closed, so that no picture
+/// of that stays while the program is too busy to paint. Handles no event of the user; all is done
+/// within a tenth of a second.
+void repaintAfterDialog(QWidget& window);
+
+} // namespace Tools::Qt
