@@ -2,7 +2,9 @@
 
 import contextlib
 import os
+import pathlib
 import subprocess
+import tempfile
 import time
 
 PATIENCE = 180  # seconds until something awaited counts as missing, on a machine that is busy
@@ -23,10 +25,12 @@ def wait_for(what, condition):
 def display():
     """An X server with a window manager."""
     read, write = os.pipe()
+    folder = tempfile.TemporaryDirectory()
+    os.environ["FRAME_BUFFER"] = f"{folder.name}/Xvfb_screen0"
     # A server that resets itself when its last client goes turns away whoever comes meanwhile.
     processes = [subprocess.Popen(
         ["Xvfb", "-displayfd", str(write), "-noreset", "-screen", "0", "1200x900x24", "+extension",
-         "GLX"], pass_fds=[write], stderr=subprocess.DEVNULL)]
+         "GLX", "-fbdir", folder.name], pass_fds=[write], stderr=subprocess.DEVNULL)]
     os.close(write)
     try:
         with os.fdopen(read) as pipe:
@@ -40,6 +44,31 @@ def display():
         for process in reversed(processes):
             process.terminate()
             process.wait()
+        folder.cleanup()
+
+
+@contextlib.contextmanager
+def weston(folder):
+    """A Wayland compositor in a window of the display, for programs with the variables it gives."""
+    runtime = folder / "run"
+    runtime.mkdir(mode=0o700)
+    variables = {"XDG_RUNTIME_DIR": str(runtime), "WAYLAND_DISPLAY": "wayland-0",
+                 "QT_QPA_PLATFORM": "wayland"}
+    (runtime / "weston.ini").write_text(
+        "[core]\nidle-time=0\n[shell]\npanel-position=none\nbackground-color=0xff000000\n"
+        "animation=none\nstartup-animation=none\n")
+    process = subprocess.Popen(
+        ["weston", f"--config={runtime}/weston.ini", "--backend=x11-backend.so",
+         "--socket=wayland-0"], env={**os.environ, **variables}, stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL)
+    try:
+        wait_for("weston", lambda: xdotool(
+            "search", "--onlyvisible", "--class", "weston", "set_window", "--name", "weston")
+            is not None and windows("weston"))
+        yield variables
+    finally:
+        process.terminate()
+        process.wait()
 
 
 def xdotool(*arguments):
@@ -86,13 +115,20 @@ def lit(picture):
     return sum(green > 90 for green in greens)  # more than the thumbnail's blue has
 
 
-class MainWindow:
-    """The viewer's window, once it is there, and a folder for screenshots."""
+def screen():
+    """What the display shows, as bytes of blue, green, red and nothing, without a request to it: that
+    of a screenshot takes the keyboard from programs for a moment, which is an event for them."""
+    return pathlib.Path(os.environ["FRAME_BUFFER"]).read_bytes()
 
-    def __init__(self, folder, process):
+
+class MainWindow:
+    """The viewer's window, once it is there, and a folder for screenshots. On Wayland it lies in a
+    window of the compositor."""
+
+    def __init__(self, folder, process, title):
         self.folder = folder
         self.process = process
-        self.window = window(NAME)
+        self.window = window(title)
 
     def screenshot(self):
         subprocess.run(["import", "-window", self.window, self.folder / "shot.png"], check=True)
@@ -101,12 +137,12 @@ class MainWindow:
     def size(self):
         return self.screenshot()[:2]
 
-    def settled(self):
-        """A screenshot of a tree, once the window stays as it is."""
+    def settled(self, what="a tree", is_it=lambda picture: lit(picture) > 1000):
+        """A screenshot of a tree, or of what else is meant, once the window stays as it is."""
         def shown():
             picture = self.screenshot()
-            return lit(picture) > 1000 and self.screenshot() == picture and picture
-        return wait_for("a tree", shown)
+            return is_it(picture) and self.screenshot() == picture and picture
+        return wait_for(what, shown)
 
     def changed(self, before):
         return wait_for("a change", lambda: (now := self.settled()) != before and now)

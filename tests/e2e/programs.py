@@ -40,20 +40,20 @@ def run(folder, program, *arguments, **variables):
 
 @contextlib.contextmanager
 def viewer(folder, *arguments, before=None, leave=lambda _: confirm(NAME, keys=["alt+F4"]),
-           **variables):
+           title=NAME, errors=subprocess.PIPE, **variables):
     """The program, from its window to a good end."""
     (folder / "wide.nwk").write_text(TREE)
     process = subprocess.Popen([VIEWER, *arguments], cwd=folder, env=environment(folder, **variables),
-                               preexec_fn=before, stderr=subprocess.PIPE, text=True)
+                               preexec_fn=before, stderr=errors, text=True)
     try:
-        main = MainWindow(folder, process)
+        main = MainWindow(folder, process, title)
         yield main
         leave(main)
-        errors = process.communicate(timeout=PATIENCE)[1]
+        said = process.communicate(timeout=PATIENCE)[1] or ""
     finally:
         process.kill()
     assert process.returncode == 0, process.returncode
-    assert "objects remaining" not in errors, errors
+    assert "objects remaining" not in said, said
 
 
 def is_free(port):

@@ -9,7 +9,8 @@ import subprocess
 import threading
 import time
 
-from desktop import NAME, PATIENCE, confirm, lit, pixels, wait_for, window, windows, xdotool
+from desktop import (NAME, PATIENCE, confirm, lit, pixels, screen, wait_for, weston, window, windows,
+                     xdotool)
 from programs import (FAILED, LIST, LOG, PROGRAMS, SETTINGS, TREE, VIEWER, environment, good, run,
                       scenario, service, serving, viewer)
 
@@ -129,6 +130,28 @@ def second_start(folder):
         assert lit(main.screenshot()) == 0
     assert (folder / "exception.txt").read_text() == ""
     assert "before" not in (folder / LOG).read_text()
+
+
+@scenario
+def wayland(folder):
+    """A tree is shown once it is opened, without any other event, and a snapshot is the one of X11."""
+    (folder / "large.nwk").write_text(run(folder, "orvex-generate", "random", "200000").stdout)
+    grey, green = b"\xef\xef\xef\xff", b"\0\xff\0\xff"  # as the compositor writes them
+    with weston(folder) as variables, open(folder / "requests", "w+") as requests:
+        with viewer(folder, title="weston", leave=lambda main: main.process.terminate(),
+                    errors=requests, WAYLAND_DEBUG="client", **variables) as main:
+            main.screenshot = screen
+            empty = main.settled("the window", lambda now: now.count(grey) > 400_000)
+            xdotool("key", "ctrl+o")
+            main.settled("the dialog", lambda now: now.count(grey) < empty.count(grey) - 50_000)
+            xdotool("type", folder / "large.nwk")
+            xdotool("key", "Return")
+            main.settled("the tree", lambda now: now.count(2 * green) > 100)
+        for image, changes in ("x11.png", {}), ("wayland.png", variables):
+            run(folder, "orvex-snapshot", "large.nwk", image, **changes).check_returncode()
+        assert pixels(folder / "x11.png") == pixels(folder / "wayland.png")
+        requests.seek(0)
+        assert 'set_app_id("orvex-tree-viewer")' in requests.read(), "the desktop file's name"
 
 
 @scenario
