@@ -225,10 +225,13 @@ void Viewer::keyPressEvent(QKeyEvent* event)
 void Viewer::resizeGL(int width, int height)
 {
   QGLWidget::resizeGL(width, height);
+  // At a scale of 1.25 Qt rounds the window's size, but cuts off the fractions of these two.
+  const QSize pixels = size() * devicePixelRatioF();
   // To the view another resize would mean to prepare the frame again.
-  if (std::exchange(_prepared, QSize()) != QSize(width, height))
+  if (std::exchange(_prepared, QSize()) != pixels)
   {
-    _view->resize(static_cast<unsigned int>(width), static_cast<unsigned int>(height));
+    _view->resize(static_cast<unsigned int>(pixels.width()),
+                  static_cast<unsigned int>(pixels.height()));
   }
   _wasResized = true;
 }

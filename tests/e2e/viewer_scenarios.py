@@ -155,6 +155,23 @@ def wayland(folder):
 
 
 @scenario
+def fractional_scale(folder):
+    """The view reaches up to its topmost row, whose left end is that of the thumbnail's rectangle."""
+    with viewer(folder, QT_SCALE_FACTOR="1.25") as main:
+        main.show()
+        for height in range(700, 705):
+            xdotool("windowsize", main.window, 900, height)
+
+            def reaches_up():
+                w, h, data = main.screenshot()
+                rows = (data[i:i + 3 * w] for i in range(0, len(data), 3 * w))
+                top = next((row for row in rows if row.endswith(b"\0\0\0")), bytes(3))
+                return h == height and top[2] > 100
+
+            wait_for(f"a view of the whole height at {height}", reaches_up)
+
+
+@scenario
 def garbage_in_settings(folder):
     (folder / SETTINGS).parent.mkdir(parents=True)
     for garbage in (random.Random(5).randbytes(100_000),
