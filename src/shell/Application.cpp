@@ -40,7 +40,12 @@ void logError(const std::exception& e) noexcept
 } // namespace
 } // namespace Detail
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+{
+  // Of the widgets in a window, the viewer alone needs a native window. If those beside it had one
+  // too, Wayland would show their changes in a wrong place.
+  setAttribute(::Qt::AA_DontCreateNativeWidgetSiblings);
+}
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {

@@ -45,9 +45,6 @@ int Program::run(int argc, char** argv)
   boost::filesystem::create_directories(directory);
   const StreamRedirect redirect(directory + "/" + name + ".stdout");
 
-  // Of the widgets in the window, the viewer alone needs a native window. If those beside it had
-  // one too, Wayland would show their changes in a wrong place.
-  QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
   const Application application(argc, argv);
   Detail::identify(organisation, domain, name);
 
