@@ -9,6 +9,7 @@ import re
 import signal
 import socket
 import subprocess
+import time
 
 from desktop import PATIENCE, pixels
 from programs import PROGRAMS, TREE, environment, run, scenario, serving, viewer
@@ -131,6 +132,11 @@ def progress_on_a_terminal(folder):
         with subprocess.Popen([PROGRAMS / command[0], *command[1:]], stderr=terminal, cwd=folder,
                               env=environment(folder), **options) as process:
             os.close(terminal)
+            for _ in range(10):  # the work is long, on a fast machine too
+                process.send_signal(signal.SIGSTOP)
+                time.sleep(0.1)
+                process.send_signal(signal.SIGCONT)
+                time.sleep(0.02)
             text = b""
             with contextlib.suppress(OSError), open(reader, "rb", buffering=0) as lines:
                 while piece := lines.read(1000):  # at the end of a terminal there is an error
@@ -140,7 +146,7 @@ def progress_on_a_terminal(folder):
 
     with open(folder / "large.nwk", "wb") as file:
         subprocess.run([PROGRAMS / "orvex-generate", "random", "500000"], check=True, stdout=file)
-    texts = [shown("orvex-generate", "random", "8000000", stdout=subprocess.DEVNULL),
+    texts = [shown("orvex-generate", "random", "3000000", stdout=subprocess.DEVNULL),
              shown("orvex-snapshot", "large.nwk", "large.png")]
     for text, word in zip(texts, ("Writing the tree", "Drawing the first picture")):
         shares = [int(share) for share in re.findall("(\\d+) %", text)]

@@ -196,7 +196,7 @@ def filled(picture):
 def slow_open(folder):
     """A bar shows how far it is; what the user does meanwhile is done to nothing."""
     with open(folder / "large.nwk", "w") as file:
-        subprocess.run([PROGRAMS / "orvex-generate", "random", "500000"], check=True, stdout=file)
+        subprocess.run([PROGRAMS / "orvex-generate", "random", "1000000"], check=True, stdout=file)
     with viewer(folder) as main:
         undisturbed = main.show("large.nwk")
         process = int(xdotool("getwindowpid", main.window))
