@@ -28,7 +28,8 @@ constexpr int margin = 20;
 QRect centralArea(const QMainWindow& window)
 {
   QRect area = window.contentsRect();
-  if (const QWidget* menu = window.menuWidget())
+  const QWidget* menu = window.menuWidget();
+  if (menu && menu->isVisibleTo(&window)) // a desktop may show it in another place
   {
     area.setTop(menu->geometry().bottom() + 1);
   }
@@ -70,10 +71,7 @@ OpeningProgress::OpeningProgress(QMainWindow& window, const std::string& name)
 
 OpeningProgress::~OpeningProgress()
 {
-  if (_area.isVisible())
-  {
-    Kelmar::Functions::noThrow(&Tools::Qt::DiscardedInput::discard, "5127730964");
-  }
+  Kelmar::Functions::noThrow(&Tools::Qt::DiscardedInput::discard, "5127730964");
 }
 
 void OpeningProgress::show(Kelmar::Progress::Stage stage, double share)
@@ -85,7 +83,7 @@ void OpeningProgress::show(Kelmar::Progress::Stage stage, double share)
   {
     _area.setVisible(true);
     _area.raise();
-    _area.window()->repaint();
+    _area.repaint();
   }
   else if (changed)
   {

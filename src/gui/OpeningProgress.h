@@ -16,7 +16,7 @@ namespace Lumbra
 
 /// Shows in the central area of a window how far the opening of a file is, until the end of the
 /// scope. It appears when that has taken half a second, and is painted at once, so that the event
-/// loop need not run. What the user did with keys and mouse while it was seen is dropped.
+/// loop need not run. What the user did with keys and mouse in the scope is dropped.
 class OpeningProgress : public Kelmar::Progress::PacedListener
 {
 public:

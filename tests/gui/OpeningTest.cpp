@@ -5,6 +5,7 @@
 #include "tree/Document.h"
 
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QProgressBar>
 #include <QTest>
 
@@ -110,4 +111,23 @@ TEST_F(OpeningTest, ShowsNothingIfItIsQuick)
   } while (timer.elapsed() >= 500);
   EXPECT_EQ(Listening::listener(), nullptr);
   EXPECT_EQ(shown.count, 0);
+}
+
+TEST_F(OpeningTest, InputThatCameMeanwhileIsDroppedButNoOther)
+{
+  struct Typed : Window
+  {
+    void keyPressEvent(QKeyEvent*) override { ++keys; }
+    int keys = 0;
+  } window;
+  const auto pressKey = [&window]
+  { QCoreApplication::postEvent(&window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, {})); };
+  window.show();
+  pressKey();
+  window._documentOpen(file("tree.nwk", "(a,b);"));
+  QTest::qWait(20);
+  EXPECT_EQ(window.keys, 0);
+  pressKey();
+  QTest::qWait(20);
+  EXPECT_EQ(window.keys, 1);
 }

@@ -4,12 +4,14 @@
 #include "terminal/TerminalProgress.h"
 
 #include <getopt.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -59,7 +61,11 @@ struct Request
 
 void generate(const Request& request)
 {
-  const orvex::tools::TerminalProgress progress;
+  std::optional<orvex::tools::TerminalProgress> progress;
+  if (isatty(STDOUT_FILENO) == 0) // else it would stand within the tree
+  {
+    progress.emplace();
+  }
   orvex::tools::TreeGenerator generator(request.seed);
   generator.write(std::cout, orvex::tools::shapeFromName(request.shape), request.leaves,
                   request.lengths);

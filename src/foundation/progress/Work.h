@@ -10,7 +10,7 @@ namespace Kelmar::Progress
 {
 
 /// A work of known size, which is a stage or a part of one. Reports to the listener of its thread
-/// at the start, then at most some hundred times, and at the end if no exception ends it. If nobody
+/// at the start, then at most some 400 times, and at the end if no exception ends it. If nobody
 /// listens when it starts, it reports nothing, and a unit costs an addition and a comparison.
 class Work : private boost::noncopyable
 {

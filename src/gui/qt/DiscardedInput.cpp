@@ -5,22 +5,10 @@
 
 namespace Tools::Qt
 {
-namespace Detail
-{
-namespace
-{
-
-// What waits is delivered when the loop goes on, all at once. This is more than that takes, and
-// less than a user needs for an answer to what appears then.
-constexpr int milliseconds = 100;
-
-} // namespace
-} // namespace Detail
-
 DiscardedInput::DiscardedInput(QObject* application) : QObject(application)
 {
   application->installEventFilter(this);
-  startTimer(Detail::milliseconds);
+  startTimer(0);
 }
 
 void DiscardedInput::discard()
@@ -28,6 +16,8 @@ void DiscardedInput::discard()
   new DiscardedInput(QCoreApplication::instance());
 }
 
+// When the event loop goes on, it delivers all input that waits before it looks for such an event,
+// or before it deletes what that marks.
 void DiscardedInput::timerEvent(QTimerEvent*)
 {
   deleteLater();

@@ -8,7 +8,7 @@ using Kelmar::Progress::Listening;
 using Kelmar::Progress::Stage;
 using Kelmar::Progress::Work;
 
-TEST(ProgressTest, RisesFromItsBeginToItsEndInSomeHundredReports)
+TEST(ProgressTest, RisesFromItsBeginToItsEndInFourHundredReports)
 {
   struct Case
   {
