@@ -9,8 +9,8 @@ import sys
 
 # Each folder is one layer. From the lowest to the highest.
 LAYERS = ["shell/base", "foundation/counted", "foundation/math", "foundation/network",
-          "foundation/progress", "compat", "tree", "render", "render/gl/device", "render/gl/font", "render/gl/draw", "render/gl/scene",
-          "render/gl/view", "gui/qt", "gui", "shell"]
+          "foundation/progress", "compat", "tree", "render", "render/gl/device", "render/gl/font",
+          "render/gl/draw", "render/gl/scene", "render/gl/view", "gui/qt", "gui", "shell"]
 WITH_QT = ("gui/qt", "gui", "shell")
 # Qt's classes for windows that OpenGL draws into; every other class of these families makes calls.
 QT_WINDOWS = ("QGLContext", "QGLFormat", "QGLWidget", "QOpenGLWidget", "QOpenGLWindow")

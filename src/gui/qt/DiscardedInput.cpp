@@ -16,8 +16,8 @@ void DiscardedInput::discard()
   new DiscardedInput(QCoreApplication::instance());
 }
 
-// When the event loop goes on, it delivers all input that waits before it looks for such an event,
-// or before it deletes what that marks.
+// The event loop delivers the input that waits first: a timer without a delay comes after it, and a
+// deletion comes in a later round.
 void DiscardedInput::timerEvent(QTimerEvent*)
 {
   deleteLater();

@@ -35,8 +35,8 @@ public:
   Batch& batch();
   void batch(const boost::intrusive_ptr<Batch>& batch) { _batch = batch; }
 
-  /// What hears of the nodes that the pass visits and of the drawables that it draws, a unit for
-  /// each; null, as at first, for a pass of which nobody hears.
+  /// The work of which each node that is visited and each drawable that is drawn is a unit; null,
+  /// as at first, for a pass that reports nothing. It must outlive the pass.
   Kelmar::Progress::Work* work() const { return _work; }
   void work(Kelmar::Progress::Work* work) { _work = work; }
 
