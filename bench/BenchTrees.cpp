@@ -1,7 +1,7 @@
 #include "BenchTrees.h"
 
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 #include <functional>
 #include <utility>

@@ -13,19 +13,19 @@
 #include "render/gl/device/OpenGL.h"
 
 #include "foundation/progress/Listening.h"
-#include "render/CameraCladogram.h"
-#include "render/DrawingPass.h"
-#include "render/LayoutCladogram.h"
+#include "foundation/system/LargePages.h"
+#include "render/camera/CameraCladogram.h"
+#include "render/camera/DrawingPass.h"
 #include "render/gl/draw/ApplyPass.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/view/ViewCladogram.h"
-#include "shell/base/LargePages.h"
+#include "render/layout/LayoutCladogram.h"
 #include "tree/Document.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>

@@ -5,7 +5,7 @@
 
 #include "BenchTrees.h"
 #include "render/gl/view/ViewCladogram.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
 
 #include <QApplication>
 #include <QGLWidget>

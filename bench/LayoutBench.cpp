@@ -3,8 +3,8 @@
 
 #include "BenchTrees.h"
 #include "MemoryMeter.h"
-#include "render/LayoutCladogram.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutCladogram.h"
+#include "tree/model/Tree.h"
 
 namespace
 {

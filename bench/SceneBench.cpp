@@ -3,15 +3,15 @@
 
 #include "BenchTrees.h"
 #include "MemoryMeter.h"
-#include "render/CameraCladogram.h"
-#include "render/DisplaySettings.h"
-#include "render/DrawingPass.h"
-#include "render/LayoutCladogram.h"
+#include "render/camera/CameraCladogram.h"
+#include "render/camera/DisplaySettings.h"
+#include "render/camera/DrawingPass.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutCladogram.h"
+#include "tree/model/Tree.h"
 
 namespace
 {

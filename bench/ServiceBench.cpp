@@ -6,10 +6,10 @@
 #include "LoopbackServer.h"
 #include "MemoryMeter.h"
 #include "service/TreeJson.h"
-#include "tree/JsonTree.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
-#include "tree/TreeService.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
+#include "tree/service/JsonTree.h"
+#include "tree/service/TreeService.h"
 
 namespace
 {

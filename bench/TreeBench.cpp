@@ -2,8 +2,8 @@
 
 #include "BenchTrees.h"
 #include "MemoryMeter.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 #include <boost/filesystem.hpp>
 

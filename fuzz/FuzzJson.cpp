@@ -1,6 +1,6 @@
 // Both forms of a value accept the same texts: those that the parser that they use accepts.
 #include "Require.h"
-#include "compat/json_spirit.h"
+#include "tree/json/json_spirit.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 // Any bytes give a tree, no tree, or one of the reader's documented exceptions.
 #include "Require.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 #include <boost/lexical_cast/bad_lexical_cast.hpp>
 

@@ -2,16 +2,16 @@
 // any view, and afterwards no counted object is left.
 #include "Require.h"
 #include "foundation/counted/InstanceManager.h"
-#include "render/CameraCladogram.h"
-#include "render/DisplaySettings.h"
-#include "render/DrawingPass.h"
-#include "render/LayoutCladogram.h"
+#include "render/camera/CameraCladogram.h"
+#include "render/camera/DisplaySettings.h"
+#include "render/camera/DrawingPass.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/scene/SceneDepth.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutCladogram.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 #include <boost/lexical_cast/bad_lexical_cast.hpp>
 

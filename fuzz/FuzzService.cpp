@@ -1,9 +1,9 @@
 // Any body of the tree service gives a list, a tree, or one of the documented exceptions.
 #include "Require.h"
-#include "tree/JsonTree.h"
-#include "tree/JsonTreeList.h"
-#include "tree/Tree.h"
-#include "tree/TreeData.h"
+#include "tree/model/Tree.h"
+#include "tree/service/JsonTree.h"
+#include "tree/service/JsonTreeList.h"
+#include "tree/service/TreeData.h"
 
 #include <boost/variant/get.hpp>
 

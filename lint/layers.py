@@ -8,9 +8,11 @@ import re
 import sys
 
 # Each folder is one layer. From the lowest to the highest.
-LAYERS = ["shell/base", "foundation/counted", "foundation/math", "foundation/network",
-          "foundation/progress", "compat", "tree", "render", "render/gl/device", "render/gl/font",
-          "render/gl/draw", "render/gl/scene", "render/gl/view", "gui/qt", "gui", "shell"]
+LAYERS = ["foundation/math", "foundation/system", "foundation/guard", "foundation/counted",
+          "foundation/progress", "foundation/network", "tree/json", "tree/model", "tree/newick",
+          "tree/service", "tree", "render/layout", "render/camera", "render/gl/device",
+          "render/gl/font", "render/gl/draw", "render/gl/scene", "render/gl/view", "gui/qt", "gui",
+          "shell"]
 WITH_QT = ("gui/qt", "gui", "shell")
 # Qt's classes for windows that OpenGL draws into; every other class of these families makes calls.
 QT_WINDOWS = ("QGLContext", "QGLFormat", "QGLWidget", "QOpenGLWidget", "QOpenGLWindow")

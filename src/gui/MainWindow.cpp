@@ -1,5 +1,7 @@
 #include "gui/MainWindow.h"
 
+#include "foundation/guard/ExceptionHandler.h"
+#include "foundation/guard/NoThrow.h"
 #include "gui/AboutText.h"
 #include "gui/OpeningProgress.h"
 #include "gui/TreeListDialog.h"
@@ -10,15 +12,13 @@
 #include "gui/qt/Settings.h"
 #include "gui/qt/Strings.h"
 #include "gui/qt/WaitCursor.h"
-#include "render/DisplaySettings.h"
+#include "render/camera/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
 #include "render/gl/scene/SceneDepth.h"
-#include "shell/base/ExceptionHandler.h"
-#include "shell/base/NoThrow.h"
 #include "tree/Document.h"
-#include "tree/Tree.h"
-#include "tree/TreeData.h"
-#include "tree/TreeList.h"
+#include "tree/model/Tree.h"
+#include "tree/service/TreeData.h"
+#include "tree/service/TreeList.h"
 #include "ui_MainWindow.h"
 
 #include <boost/bind/bind.hpp>

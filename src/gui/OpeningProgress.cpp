@@ -1,8 +1,8 @@
 #include "gui/OpeningProgress.h"
 
+#include "foundation/guard/NoThrow.h"
 #include "gui/qt/DiscardedInput.h"
 #include "gui/qt/Strings.h"
-#include "shell/base/NoThrow.h"
 
 #include <QFileInfo>
 #include <QLabel>

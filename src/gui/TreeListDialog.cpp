@@ -1,7 +1,7 @@
 #include "gui/TreeListDialog.h"
 
 #include "gui/qt/Strings.h"
-#include "tree/TreeData.h"
+#include "tree/service/TreeData.h"
 #include "ui_TreeListDialog.h"
 
 #include <boost/lexical_cast.hpp>

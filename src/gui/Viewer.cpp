@@ -1,7 +1,7 @@
 #include "gui/Viewer.h"
 
 #include "gui/qt/ImageFile.h"
-#include "render/MouseEvent.h"
+#include "render/camera/MouseEvent.h"
 #include "render/gl/device/ResolvedFrame.h"
 #include "render/gl/view/ViewCladogram.h"
 

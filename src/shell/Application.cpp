@@ -1,7 +1,7 @@
 #include "shell/Application.h"
 
+#include "foundation/guard/ExceptionHandler.h"
 #include "gui/qt/ErrorBox.h"
-#include "shell/base/ExceptionHandler.h"
 
 #include <iostream>
 

@@ -1,12 +1,12 @@
 #include "shell/Program.h"
 
+#include "foundation/system/UserDirectory.h"
 #include "gui/MainWindow.h"
 #include "gui/qt/Strings.h"
 #include "shell/Application.h"
 #include "shell/EndSignals.h"
 #include "shell/QtOutput.h"
 #include "shell/StreamRedirect.h"
-#include "shell/base/UserDirectory.h"
 
 #include <boost/filesystem/operations.hpp>
 

@@ -1,7 +1,7 @@
 #include "shell/QtOutput.h"
 
+#include "foundation/guard/TerminationReport.h"
 #include "gui/qt/Strings.h"
-#include "shell/base/TerminationReport.h"
 
 #include <QGuiApplication>
 

@@ -1,9 +1,9 @@
+#include "foundation/guard/ExceptionHandler.h"
+#include "foundation/guard/TerminationReport.h"
+#include "foundation/system/LargePages.h"
+#include "foundation/system/StackLimit.h"
+#include "foundation/system/Terminal.h"
 #include "shell/Program.h"
-#include "shell/base/ExceptionHandler.h"
-#include "shell/base/LargePages.h"
-#include "shell/base/StackLimit.h"
-#include "shell/base/Terminal.h"
-#include "shell/base/TerminationReport.h"
 
 #include <cstdlib>
 #include <fstream>

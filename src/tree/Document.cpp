@@ -1,10 +1,10 @@
 #include "tree/Document.h"
 
-#include "shell/base/LargePages.h"
-#include "tree/NewickReader.h"
-#include "tree/Reader.h"
-#include "tree/Tree.h"
-#include "tree/TreeMemory.h"
+#include "foundation/system/LargePages.h"
+#include "tree/model/Tree.h"
+#include "tree/model/TreeMemory.h"
+#include "tree/newick/NewickReader.h"
+#include "tree/service/Reader.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 #include <boost/filesystem/convenience.hpp>

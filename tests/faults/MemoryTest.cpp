@@ -2,9 +2,9 @@
 #include "support/Outcome.h"
 #include "support/SceneFixture.h"
 #include "support/Window.h"
-#include "tree/JsonTree.h"
-#include "tree/JsonTreeList.h"
-#include "tree/TreeData.h"
+#include "tree/service/JsonTree.h"
+#include "tree/service/JsonTreeList.h"
+#include "tree/service/TreeData.h"
 
 #include <new>
 

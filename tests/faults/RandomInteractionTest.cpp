@@ -1,7 +1,7 @@
 #include "render/gl/device/OpenGL.h"
 
 #include "generate/TreeGenerator.h"
-#include "render/CameraCladogram.h"
+#include "render/camera/CameraCladogram.h"
 #include "support/Window.h"
 
 #include <httplib.h>

@@ -1,6 +1,6 @@
-#include "render/DisplaySettings.h"
+#include "render/camera/DisplaySettings.h"
 #include "support/Window.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
 
 #include <QTest>
 

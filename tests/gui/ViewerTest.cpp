@@ -1,5 +1,5 @@
-#include "render/CameraCladogram.h"
-#include "render/Viewport.h"
+#include "render/camera/CameraCladogram.h"
+#include "render/camera/Viewport.h"
 #include "support/Window.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/EdgeList.h"
+#include "render/layout/EdgeList.h"
 
 #include <utility>
 

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "generate/TreeGenerator.h"
-#include "render/LayoutCladogram.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/RenderNode.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutCladogram.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 inline std::string randomNewick(unsigned int leaves, unsigned int seed)
 {

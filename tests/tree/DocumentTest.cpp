@@ -1,8 +1,8 @@
 #include "tree/Document.h"
 
 #include "support/Outcome.h"
-#include "tree/Tree.h"
-#include "tree/TreeMemory.h"
+#include "tree/model/Tree.h"
+#include "tree/model/TreeMemory.h"
 
 TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
 {

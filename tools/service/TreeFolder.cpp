@@ -1,8 +1,8 @@
 #include "service/TreeFolder.h"
 
 #include "service/TreeJson.h"
-#include "tree/NewickReader.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
+#include "tree/newick/NewickReader.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 #include <boost/filesystem/operations.hpp>

@@ -1,6 +1,6 @@
 #include "service/TreeJson.h"
 
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,7 +2,7 @@
 
 #include "service/TreeFolder.h"
 #include "service/TreeJson.h"
-#include "tree/Tree.h"
+#include "tree/model/Tree.h"
 
 #include <httplib.h>
 

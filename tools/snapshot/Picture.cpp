@@ -1,7 +1,7 @@
 #include "snapshot/Picture.h"
 
-#include "render/CameraCladogram.h"
-#include "render/DisplaySettings.h"
+#include "render/camera/CameraCladogram.h"
+#include "render/camera/DisplaySettings.h"
 #include "render/gl/view/ViewCladogram.h"
 
 #include <boost/core/noncopyable.hpp>

@@ -1,12 +1,12 @@
 // Draws a tree file as the viewer does and writes the picture. Needs a display, which may be
 // virtual.
 
+#include "foundation/system/LargePages.h"
+#include "foundation/system/StackLimit.h"
 #include "gui/qt/ImageFile.h"
 #include "gui/qt/Strings.h"
 #include "render/gl/font/FreeType.h"
 #include "render/gl/scene/SceneDepth.h"
-#include "shell/base/LargePages.h"
-#include "shell/base/StackLimit.h"
 #include "snapshot/Picture.h"
 #include "terminal/TerminalProgress.h"
 #include "tree/Document.h"

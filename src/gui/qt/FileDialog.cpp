@@ -1,9 +1,9 @@
 #include "gui/qt/FileDialog.h"
 
+#include "foundation/guard/ExceptionHandler.h"
+#include "foundation/system/UserDirectory.h"
 #include "gui/qt/Settings.h"
 #include "gui/qt/Strings.h"
-#include "shell/base/ExceptionHandler.h"
-#include "shell/base/UserDirectory.h"
 
 #include <boost/filesystem/path.hpp>
 

@@ -1,6 +1,6 @@
 #include "render/gl/draw/ApplyPass.h"
 
-#include "render/DrawingPass.h"
+#include "render/camera/DrawingPass.h"
 #include "render/gl/device/OpenGL.h"
 
 namespace orvex::render::gl

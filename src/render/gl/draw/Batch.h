@@ -2,9 +2,9 @@
 
 #include "foundation/counted/Referenced.h"
 #include "foundation/math/Matrix44.h"
-#include "render/Point2D.h"
-#include "render/Viewport.h"
+#include "render/camera/Viewport.h"
 #include "render/gl/draw/PixelRuns.h"
+#include "render/layout/Point2D.h"
 
 #include <array>
 #include <cstddef>

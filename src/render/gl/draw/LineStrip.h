@@ -1,7 +1,7 @@
 #pragma once
 
-#include "render/EdgeList.h"
 #include "render/gl/draw/Drawable.h"
+#include "render/layout/EdgeList.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 #include "foundation/counted/Referenced.h"
 #include "foundation/math/Matrix44.h"
 #include "foundation/progress/Work.h"
-#include "render/DrawingPass.h"
+#include "render/camera/DrawingPass.h"
 #include "render/gl/draw/Batch.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "foundation/math/Matrix44.h"
-#include "render/Box2D.h"
-#include "render/Point2D.h"
 #include "render/gl/draw/Drawable.h"
 #include "render/gl/font/Font.h"
+#include "render/layout/Box2D.h"
+#include "render/layout/Point2D.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 

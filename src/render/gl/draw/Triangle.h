@@ -1,8 +1,8 @@
 #pragma once
 
-#include "render/Box2D.h"
-#include "render/Point2D.h"
 #include "render/gl/draw/Drawable.h"
+#include "render/layout/Box2D.h"
+#include "render/layout/Point2D.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "render/gl/scene/CullPass.h"
 
-#include "render/CameraCladogram.h"
+#include "render/camera/CameraCladogram.h"
 #include "render/gl/scene/CullVisitor.h"
 #include "render/gl/scene/Node.h"
 

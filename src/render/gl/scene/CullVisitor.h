@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/math/Matrix44.h"
-#include "render/Culler2D.h"
-#include "render/DisplaySettings.h"
+#include "render/camera/Culler2D.h"
+#include "render/camera/DisplaySettings.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/Visitor.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/math/Matrix44.h"
-#include "render/Box2D.h"
 #include "render/gl/draw/Text.h"
+#include "render/layout/Box2D.h"
 
 #include <boost/dynamic_bitset.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>

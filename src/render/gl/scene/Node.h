@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/counted/Referenced.h"
-#include "render/Box2D.h"
+#include "render/layout/Box2D.h"
 
 namespace orvex::render::gl
 {

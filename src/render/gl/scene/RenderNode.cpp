@@ -1,9 +1,9 @@
 #include "render/gl/scene/RenderNode.h"
 
-#include "render/LayoutInfo2D.h"
 #include "render/gl/draw/Triangle.h"
 #include "render/gl/scene/Visitor.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutInfo2D.h"
+#include "tree/model/Tree.h"
 
 #include <utility>
 

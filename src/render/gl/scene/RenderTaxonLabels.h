@@ -1,9 +1,9 @@
 #pragma once
 
-#include "render/Point2D.h"
 #include "render/gl/font/Font.h"
 #include "render/gl/scene/LabelColumn.h"
 #include "render/gl/scene/Node.h"
+#include "render/layout/Point2D.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 

@@ -1,11 +1,11 @@
 #include "render/gl/scene/SceneBuilder.h"
 
 #include "foundation/progress/Work.h"
-#include "render/LayoutInfo2D.h"
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/scene/RenderNode.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutInfo2D.h"
+#include "tree/model/Tree.h"
 
 #include <algorithm>
 #include <limits>

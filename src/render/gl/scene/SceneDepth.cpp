@@ -1,7 +1,7 @@
 #include "render/gl/scene/SceneDepth.h"
 
-#include "shell/base/StackLimit.h"
-#include "tree/TreeDepth.h"
+#include "foundation/system/StackLimit.h"
+#include "tree/model/TreeDepth.h"
 
 namespace orvex::render::gl
 {

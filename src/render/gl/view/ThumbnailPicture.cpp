@@ -1,7 +1,7 @@
 #include "render/gl/view/ThumbnailPicture.h"
 
 #include "foundation/math/InverseMatrix.h"
-#include "render/DrawingPass.h"
+#include "render/camera/DrawingPass.h"
 #include "render/gl/device/ClientArrays.h"
 #include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/device/Image.h"

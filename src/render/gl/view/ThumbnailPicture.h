@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/Box2D.h"
+#include "render/layout/Box2D.h"
 
 #include <boost/core/noncopyable.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>

@@ -2,8 +2,8 @@
 
 #include "foundation/math/InverseMatrix.h"
 #include "foundation/progress/Work.h"
-#include "render/LayoutCladogram.h"
-#include "render/MouseEvent.h"
+#include "foundation/system/LargePages.h"
+#include "render/camera/MouseEvent.h"
 #include "render/gl/device/FrameBufferGuard.h"
 #include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/device/Image.h"
@@ -15,8 +15,8 @@
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/view/ThumbnailPicture.h"
-#include "shell/base/LargePages.h"
-#include "tree/Tree.h"
+#include "render/layout/LayoutCladogram.h"
+#include "tree/model/Tree.h"
 
 #include <boost/core/noncopyable.hpp>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "foundation/math/Matrix44.h"
-#include "render/DrawingPass.h"
-#include "render/View.h"
-#include "render/Viewport.h"
+#include "render/camera/DrawingPass.h"
+#include "render/camera/View.h"
+#include "render/camera/Viewport.h"
 #include "render/gl/device/ObjectName.h"
 #include "render/gl/scene/Node.h"
 

@@ -2,7 +2,7 @@
 
 #include "support/GlWindowTest.h"
 
-#include "render/CameraCladogram.h"
+#include "render/camera/CameraCladogram.h"
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/draw/RenderGraph.h"
 #include "support/Polyline.h"

@@ -1,7 +1,7 @@
 #include "support/SceneFixture.h"
 
 #include "foundation/counted/InstanceManager.h"
-#include "render/CameraCladogram.h"
+#include "render/camera/CameraCladogram.h"
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/draw/RenderGraph.h"
 #include "render/gl/draw/Triangle.h"

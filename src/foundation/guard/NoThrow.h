@@ -1,0 +1,35 @@
+#pragma once
+
+#include "foundation/guard/ExceptionHandler.h"
+
+#include <iostream>
+
+namespace Kelmar::Functions
+{
+
+/// Calls a function and lets no exception of it out, as a destructor needs. An exception is
+/// reported by one line on std::cout. If that can not be written, it is lost.
+template <class Function>
+void noThrow(Function function, const char* id) noexcept
+{
+  try
+  {
+    try
+    {
+      function();
+    }
+    catch (const std::exception& e)
+    {
+      Helper::exceptionHandler(id, e, std::cout);
+    }
+    catch (...)
+    {
+      Helper::exceptionHandler(id, std::cout);
+    }
+  }
+  catch (...)
+  {
+  }
+}
+
+} // namespace Kelmar::Functions

@@ -1,0 +1,55 @@
+#include "foundation/system/LargePages.h"
+
+#include <dlfcn.h>
+#include <mimalloc.h>
+#include <sys/prctl.h>
+
+namespace Kelmar::System
+{
+namespace Detail
+{
+namespace
+{
+
+bool arePreferred = false;
+
+// Holds for the whole process. Memory that is in use already keeps its pages.
+void allow(bool areAllowed)
+{
+  prctl(PR_SET_THP_DISABLE, areAllowed ? 0 : 1, 0, 0, 0);
+}
+
+} // namespace
+} // namespace Detail
+
+void LargePages::prefer()
+{
+  // Looked up while the program runs, since builds with the sanitizers have another allocator.
+  using SetDefault = void (*)(mi_option_t, long);
+  const auto setDefault =
+      reinterpret_cast<SetDefault>(dlsym(RTLD_DEFAULT, "mi_option_set_default"));
+  if (setDefault)
+  {
+    setDefault(mi_option_large_os_pages, 1);
+    Detail::arePreferred = true;
+    Detail::allow(false);
+  }
+}
+
+LargePages::LargePages() : _wereAllowed(prctl(PR_GET_THP_DISABLE, 0, 0, 0, 0) == 0)
+{
+  if (Detail::arePreferred)
+  {
+    Detail::allow(true);
+  }
+}
+
+LargePages::~LargePages()
+{
+  if (Detail::arePreferred)
+  {
+    Detail::allow(_wereAllowed);
+  }
+}
+
+} // namespace Kelmar::System

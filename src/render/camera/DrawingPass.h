@@ -1,0 +1,33 @@
+#pragma once
+
+#include "foundation/math/Matrix44.h"
+#include "render/camera/Viewport.h"
+
+namespace orvex::render
+{
+
+class CameraCladogram;
+
+/// How one drawing pass maps the world to the window.
+struct DrawingPass
+{
+  /// The pixels that are drawn into.
+  Viewport viewport;
+  /// From what the model-view matrix gives to clip space.
+  Kelmar::Math::Matrix44d projection;
+  /// From world coordinates to those that the projection takes.
+  Kelmar::Math::Matrix44d modelView;
+
+  /// From world coordinates to window coordinates.
+  Kelmar::Math::Matrix44d computeLocalToScreenMatrix() const;
+};
+
+/// The projection of the main area: one unit is one pixel, the origin is at the lower left.
+/// \pre the area is not empty
+Kelmar::Math::Matrix44d mainProjection(const Viewport& area);
+
+/// The pass that draws what a camera sees into the main area.
+/// \pre the area is not empty
+DrawingPass mainPass(const CameraCladogram& camera, const Viewport& area);
+
+} // namespace orvex::render
