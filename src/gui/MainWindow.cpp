@@ -17,6 +17,7 @@
 #include "render/gl/scene/SceneDepth.h"
 #include "tree/Document.h"
 #include "tree/model/Tree.h"
+#include "tree/newick/NewickFile.h"
 #include "tree/service/TreeData.h"
 #include "tree/service/TreeList.h"
 #include "ui_MainWindow.h"
@@ -105,8 +106,11 @@ void MainWindow::_documentOpen()
 {
   try
   {
-    const Tools::Qt::FileDialog::Filters filters{{"Newick (*.tre)", "*.tre"},
-                                                 {"Newick (*.nwk)", "*.nwk"}};
+    Tools::Qt::FileDialog::Filters filters;
+    for (const std::string ending : orvex::newickEndings)
+    {
+      filters.emplace_back("Newick (*." + ending + ")", "*." + ending);
+    }
     const std::string name = Tools::Qt::FileDialog::getOpenFileName(this, "Open", filters);
     if (name.empty())
     {

@@ -3,21 +3,16 @@
 #include "foundation/system/LargePages.h"
 #include "tree/model/Tree.h"
 #include "tree/model/TreeMemory.h"
+#include "tree/newick/NewickFile.h"
 #include "tree/newick/NewickReader.h"
 #include "tree/service/Reader.h"
-
-#include <boost/algorithm/string/case_conv.hpp>
-#include <boost/filesystem/convenience.hpp>
-#include <boost/filesystem/operations.hpp>
 
 namespace orvex
 {
 
 void Document::read(const std::string& filename)
 {
-  const std::string extension =
-      boost::algorithm::to_lower_copy(boost::filesystem::extension(filename));
-  if (extension != ".tre" && extension != ".nwk")
+  if (!isNewickFile(filename))
   {
     return;
   }

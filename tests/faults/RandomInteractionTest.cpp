@@ -92,7 +92,8 @@ private:
     {
       static const std::regex expected(
           "Tree info\\|Number of nodes: [0-9]+\nNumber of leaves: [0-9]+|"
-          "Error Loading File .*\\|Error 2991944830: (Unexpected comma encountered|"
+          "Error Loading File .*\\|Error 2991944830: (Unexpected comma encountered: line 1, column "
+          "[0-9]+\\.|"
           "Line 1, column 4: \"x\" is no branch length.*|.*No such file or directory.*)\n|"
           "Error detected\\.\\|(Error 3886626924: .*connect.*|The tree service did not answer "
           "with.*|The \"name\" of node .*)");

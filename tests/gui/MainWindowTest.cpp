@@ -112,7 +112,8 @@ TEST_F(MainWindowTest, SaysWhyAFileCannotBeReadAndThenShowsNoTree)
   window._documentOpen(file("five.nwk", fiveNodes));
   const std::string bad = file("<b>bad.nwk", "a,b);");
   EXPECT_EQ(boxAfter([&] { choose("actionOpen", bad); }),
-            "Error Loading File " + bad + "|Error 2991944830: Unexpected comma encountered\n");
+            "Error Loading File " + bad +
+                "|Error 2991944830: Unexpected comma encountered: line 1, column 2.\n");
   EXPECT_EQ(window.centralWidget(), nullptr);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   for (const char* name : treeActions)

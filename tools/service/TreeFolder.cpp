@@ -2,9 +2,9 @@
 
 #include "service/TreeJson.h"
 #include "tree/model/Tree.h"
+#include "tree/newick/NewickFile.h"
 #include "tree/newick/NewickReader.h"
 
-#include <boost/algorithm/string/case_conv.hpp>
 #include <boost/filesystem/operations.hpp>
 
 #include <algorithm>
@@ -18,18 +18,12 @@ namespace Detail
 namespace
 {
 
-bool isNewick(const boost::filesystem::path& file)
-{
-  const std::string extension = boost::algorithm::to_lower_copy(file.extension().string());
-  return extension == ".tre" || extension == ".nwk";
-}
-
 std::vector<boost::filesystem::path> newickFiles(const boost::filesystem::path& folder)
 {
   std::vector<boost::filesystem::path> files;
   for (const auto& entry : boost::filesystem::directory_iterator(folder))
   {
-    if (isNewick(entry.path()))
+    if (isNewickFile(entry.path().string()))
     {
       files.push_back(entry.path());
     }

@@ -2,34 +2,27 @@
 
 #include <boost/lexical_cast/bad_lexical_cast.hpp>
 
-#include <cstddef>
 #include <string>
 
 namespace orvex
 {
 
-/// Thrown if a branch length of a Newick text is no number. Says which text was found, and where.
+struct TextPlace;
+
+/// Thrown if a branch length of a Newick text is no number. Says which text was found, where, and
+/// why that may be.
 class BadBranchLength : public boost::bad_lexical_cast
 {
 public:
-  /// \param item  name, ":" and length, as in the text
-  explicit BadBranchLength(const std::string& item);
-
-  /// The text that is no number.
-  const std::string& length() const { return _length; }
-
-  /// Where the length begins, in bytes from the start of the text.
-  std::size_t offset() const { return _offset; }
-  /// Sets the place, for the user as a line and a byte of that line, both counted from 1.
-  void place(std::size_t offset, std::size_t line, std::size_t column);
+  /// \param item    name, ":" and length, as in the text
+  /// \param place   where the length begins; of an empty one, where its ":" is
+  /// \param reason  a sentence about the whole text, which replaces what is found in the item;
+  ///                empty for none
+  BadBranchLength(const std::string& item, const TextPlace& place, const std::string& reason);
 
   const char* what() const noexcept override { return _text.c_str(); }
 
 private:
-  std::string _name;
-  std::string _length;
-  std::size_t _offset = 0;
-  bool _isMarkedUp = false;
   std::string _text;
 };
 

@@ -3,18 +3,15 @@
 #include "foundation/progress/Work.h"
 #include "tree/model/Tree.h"
 #include "tree/newick/BadBranchLength.h"
+#include "tree/newick/NewickFile.h"
 
-#include <boost/filesystem/operations.hpp>
+#include <boost/algorithm/string/predicate.hpp>
 #include <boost/lexical_cast.hpp>
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <fstream>
-#include <new>
 #include <stdexcept>
-#include <string_view>
 
 namespace orvex
 {
@@ -22,9 +19,6 @@ namespace Detail
 {
 namespace
 {
-
-using Kelmar::Progress::Stage;
-using Kelmar::Progress::Work;
 
 // The number that boost::lexical_cast gives, but faster. For numbers of these characters the two
 // give the same value; all other texts, and all errors, are left to lexical_cast.
@@ -45,76 +39,74 @@ bool toDistance(std::string_view text, double& value)
   return boost::conversion::try_lexical_convert(std::string(text), value);
 }
 
-// Which share of the reading it takes to bring the bytes of the file into memory.
-constexpr double shareOfBytes = 0.1;
-
 constexpr bool isStructural(char c)
 {
   return c == '(' || c == ')' || c == ',';
 }
 
-// The number of nodes that a text of one tree becomes: each "(" is a node, and each item that is
-// none is a leaf. A group has one item more than it has commas.
-std::size_t countNodes(const std::string& contents)
+// The number of "(" that begin a tree.
+std::size_t countTrees(std::string_view text, std::size_t depth)
 {
-  const auto count = [&contents](char c)
-  { return static_cast<std::size_t>(std::count(contents.begin(), contents.end(), c)); };
-  return count('(') + count(',') + 1;
+  std::size_t trees = 0;
+  for (const char c : text)
+  {
+    trees += c == '(' && depth == 0 ? 1 : 0;
+    depth += c == '(' ? 1 : 0;
+    depth -= c == ')' ? 1 : 0;
+  }
+  return trees;
 }
 
-std::string readLines(const std::string& filename)
+// The number of nodes that a text becomes: each "(" is a node, and each item that is none is a
+// leaf. A group has one item more than it has commas, and in each tree one group is no item.
+// Compilers make std::count fast. Few blocks have so many ")" that a tree may end in them.
+std::size_t countNodes(std::string_view text)
 {
-  const std::size_t size = boost::filesystem::file_size(boost::filesystem::path(filename));
-  std::string contents;
-  contents.reserve(size);
-
-  std::ifstream in(filename, std::ios_base::in);
-  if (!in.is_open())
+  constexpr std::size_t blockSize = 256;
+  std::size_t nodes = 0;
+  std::size_t depth = 0;
+  for (std::size_t begin = 0; begin < text.size(); begin += blockSize)
   {
-    throw std::runtime_error("Could not open file.");
+    const std::string_view block = text.substr(begin, blockSize);
+    const auto count = [block](char c)
+    { return static_cast<std::size_t>(std::count(block.begin(), block.end(), c)); };
+    const std::size_t closed = count(')');
+    const std::size_t opened = count('(');
+    nodes += opened + count(',') + (depth > closed ? 0 : countTrees(block, depth));
+    depth += opened - closed;
   }
-  // So that a read error throws; without this the stream only stops.
-  in.exceptions(std::ios_base::badbit);
-  // In pieces and not in lines: most trees are one line, which would be in memory twice.
-  std::array<char, 65536> piece;
-  Work work(Stage::Reading, size, 0.0, shareOfBytes);
-  while (in.read(piece.data(), piece.size()) || in.gcount() > 0)
-  {
-    const char* end = piece.data() + in.gcount();
-    for (const char* line = piece.data(); line < end;)
-    {
-      const char* lineEnd = std::find(line, end, '\n');
-      contents.append(line, lineEnd);
-      line = lineEnd + 1;
-    }
-    work.done(static_cast<std::size_t>(in.gcount()));
-  }
-  return contents;
+  return nodes;
 }
 
-// After a read error, or without memory, the text is only a part of the tree and is not used.
-std::string read(const std::string& filename)
+// Files of this other format often have the ending of a Newick file.
+std::string reasonInFormat(const std::string& contents)
 {
-  try
-  {
-    return readLines(filename);
-  }
-  catch (const std::ios_base::failure&)
-  {
-    throw std::runtime_error("Could not read file.");
-  }
-  catch (const std::bad_alloc&)
-  {
-    throw std::runtime_error("There is not enough memory for the text of the file.");
-  }
+  const char* const blanksAndByteOrderMark = " \t\r\xEF\xBB\xBF";
+  const std::size_t start = contents.find_first_not_of(blanksAndByteOrderMark);
+  const bool isNexus = start != std::string::npos &&
+                       boost::algorithm::istarts_with(contents.substr(start, 6), "#NEXUS");
+  return isNexus ? "This is a NEXUS file; orvex-convert makes Newick of it." : "";
 }
 
-// The begin of a length that ends before a position. An item may contain "(", which are no part of
-// its text.
-std::size_t beginOfLength(const std::string& contents, std::size_t end, std::size_t size)
+// A comma or parenthesis outside of all groups.
+struct Misplaced
 {
+  std::string what;
+};
+
+// An item whose text after the ":" is no number.
+struct BadItem
+{
+  std::string text;
+};
+
+// Where the length of an item begins that ends before a position; an empty one at its ":". There
+// may be "(" inside the item, which are no part of its text.
+std::size_t beginOfLength(const std::string& contents, std::size_t end, const std::string& item)
+{
+  const std::size_t size = item.size() - item.find(':') - 1;
   std::size_t begin = end;
-  for (std::size_t left = size; left > 0;)
+  for (std::size_t left = std::max<std::size_t>(size, 1); left > 0;)
   {
     --begin;
     left -= contents[begin] == '(' ? 0 : 1;
@@ -122,37 +114,21 @@ std::size_t beginOfLength(const std::string& contents, std::size_t end, std::siz
   return begin;
 }
 
-// Reads the file again to count its lines, so that reading a correct file takes no time for it.
-void placeInFile(BadBranchLength& error, const std::string& filename)
-{
-  std::ifstream in(filename, std::ios_base::in);
-  std::size_t number = 1;
-  std::size_t before = 0;
-  for (std::string line; std::getline(in, line) && before + line.size() <= error.offset(); ++number)
-  {
-    before += line.size();
-  }
-  error.place(error.offset(), number, error.offset() - before + 1);
-}
-
 } // namespace
 } // namespace Detail
 
 boost::shared_ptr<Tree> NewickReader::operator()(const std::string& filename)
 {
-  const std::string contents = Detail::read(filename);
-  try
-  {
-    return parseContents(contents);
-  }
-  catch (BadBranchLength& e)
-  {
-    Detail::placeInFile(e, filename);
-    throw;
-  }
+  const NewickFile file(filename);
+  return _parse(file.read(), [&file](std::size_t offset) { return file.placeOf(offset); });
 }
 
 boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
+{
+  return _parse(contents, [](std::size_t offset) { return TextPlace{1, offset + 1}; });
+}
+
+boost::shared_ptr<Tree> NewickReader::_parse(const std::string& contents, const PlaceOf& placeOf)
 {
   // The nodes on the stack are those of the tree that was read before.
   if (_depth != 0 || !_nodeStack.empty())
@@ -162,27 +138,40 @@ boost::shared_ptr<Tree> NewickReader::parseContents(const std::string& contents)
   _tree.reset();
   _expectedNodes = Detail::countNodes(contents);
   std::size_t position = 0;
-  Detail::Work work(Detail::Stage::Reading, contents.size(), Detail::shareOfBytes);
   try
   {
-    for (; position < contents.size(); ++position)
-    {
-      const char* text = contents.data() + position;
-      const char* textEnd = std::find_if(text, contents.data() + contents.size(),
-                                         [](char c) { return Detail::isStructural(c); });
-      const auto size = static_cast<std::size_t>(textEnd - text);
-      position += size;
-      work.done(size + 1);
-      _onStructure(*textEnd, std::string_view(text, size)); // the text's own end is a null byte
-    }
+    _readEvents(contents, position);
   }
-  catch (BadBranchLength& e)
+  catch (const Detail::Misplaced& e)
   {
-    const std::size_t begin = Detail::beginOfLength(contents, position, e.length().size());
-    e.place(begin, 1, begin + 1);
-    throw;
+    const TextPlace place = placeOf(position);
+    const std::string reason = Detail::reasonInFormat(contents);
+    throw std::runtime_error(e.what + ": line " + std::to_string(place.line) + ", column " +
+                             std::to_string(place.column) + "." +
+                             (reason.empty() ? "" : " " + reason));
+  }
+  catch (const Detail::BadItem& e)
+  {
+    const std::size_t begin = Detail::beginOfLength(contents, position, e.text);
+    throw BadBranchLength(e.text, placeOf(begin), Detail::reasonInFormat(contents));
   }
   return _tree;
+}
+
+void NewickReader::_readEvents(const std::string& contents, std::size_t& position)
+{
+  using Kelmar::Progress::Stage;
+  Kelmar::Progress::Work work(Stage::Reading, contents.size(), NewickFile::shareOfReading);
+  for (; position < contents.size(); ++position)
+  {
+    const char* text = contents.data() + position;
+    const char* textEnd = std::find_if(text, contents.data() + contents.size(),
+                                       [](char c) { return Detail::isStructural(c); });
+    const auto size = static_cast<std::size_t>(textEnd - text);
+    position += size;
+    work.done(size + 1);
+    _onStructure(*textEnd, std::string_view(text, size)); // the text's own end is a null byte
+  }
 }
 
 void NewickReader::_onStructure(char c, std::string_view before)
@@ -231,7 +220,7 @@ void NewickReader::_onComma(std::string_view before)
 {
   if (_nodeStack.empty())
   {
-    throw std::runtime_error("Unexpected comma encountered");
+    throw Detail::Misplaced{"Unexpected comma encountered"};
   }
   _finishItem(before);
   _childClosed = false;
@@ -242,7 +231,7 @@ void NewickReader::_onCloseParentheses(std::string_view before)
   --_depth;
   if (_nodeStack.empty())
   {
-    throw std::runtime_error("Unexcepted ')' encountered");
+    throw Detail::Misplaced{"Unexcepted ')' encountered"};
   }
   _finishItem(before);
   _nodeStack.pop();
@@ -282,7 +271,7 @@ void NewickReader::_parseAnnotation(int id, std::string_view token)
   double distance = 0.0;
   if (!Detail::toDistance(token.substr(colon + 1), distance))
   {
-    throw BadBranchLength(std::string(token));
+    throw Detail::BadItem{std::string(token)};
   }
   _tree->setDistanceToParent(id, distance);
 }

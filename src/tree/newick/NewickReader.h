@@ -3,6 +3,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
+#include <functional>
 #include <stack>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@ namespace orvex
 {
 
 class Tree;
+struct TextPlace;
 
 /// Reads a tree in Newick form in one pass over its bytes. A reader serves one file: after a text
 /// that was not complete it refuses another.
@@ -38,6 +40,12 @@ public:
   boost::shared_ptr<Tree> parseContents(const std::string& contents);
 
 private:
+  /// Tells a user's place of a byte of the text.
+  using PlaceOf = std::function<TextPlace(std::size_t offset)>;
+
+  boost::shared_ptr<Tree> _parse(const std::string& contents, const PlaceOf& placeOf);
+  /// \param position  of the character in hand, also after an exception
+  void _readEvents(const std::string& contents, std::size_t& position);
   // Each with the text before the character.
   void _onStructure(char c, std::string_view before);
   void _onOpenParentheses(std::string_view before);

@@ -47,6 +47,10 @@ TEST(NewickReader, KeepsNamesLengthsAndOrder)
         Case{"a leaf without a name", "()", "()"}, Case{"two of them", "(,)", "(,)"},
         Case{"lengths without names", "(:1,(b):2)", "(:1,(b):2)"},
         Case{"a length of 0 counts as none", "(a:0,b:-0.0)", "(a,b)"},
+        Case{"any number of children", "((),(a,b),(c,d,e),(f,g,h,i))",
+             "((),(a,b),(c,d,e),(f,g,h,i))"},
+        Case{"lists of children that grow in turn", "(a,b,(c,d,(e,f,g,h),i,j),k,l)",
+             "(a,b,(c,d,(e,f,g,h),i,j),k,l)"},
         Case{"text before a group begins the next name", "(x(a,b),c)", "((xa,b),c)"},
         Case{"also between two groups", "((a)x(b),c)", "((a),(xb),c)"},
         Case{"the last of two trees", "(a,b)x;(c,d)y;", "(c,d)"},
@@ -60,20 +64,50 @@ TEST(NewickReader, KeepsNamesLengthsAndOrder)
   EXPECT_TRUE(readAgain(large) == large) << "a name of a million characters";
 }
 
-TEST(NewickReader, SaysWhatIsWrongWithAText)
+static const std::string nexus = " This is a NEXUS file; orvex-convert makes Newick of it.";
+
+TEST(NewickReader, SaysWhereACommaOrParenthesisIsTooMany)
 {
   for (const Case& c :
-       {Case{"a ')' too many", "(a,b))", "Unexcepted ')' encountered"},
-        Case{"a ')' first", ")", "Unexcepted ')' encountered"},
-        Case{"a comma after the tree", "(a,b),c", "Unexpected comma encountered"},
-        Case{"a comma first", "a,b", "Unexpected comma encountered"},
-        Case{"a colon in a quoted name", "(('k:x; y':1,c))",
-             R"(Line 1, column 6: "x; y':1" is no branch length. It follows the name "'k". )"
-             "Quotes and comments have no meaning in this format."},
-        Case{"letters in a length", "(b:(1a))",
-             R"(Line 1, column 5: "1a" is no branch length. It follows the name "b".)"}})
+       {Case{"after the tree", "(a,b))", "Unexcepted ')' encountered: line 1, column 6."},
+        Case{"at the start", ")", "Unexcepted ')' encountered: line 1, column 1."},
+        Case{"a comma", "(a,b),c", "Unexpected comma encountered: line 1, column 6."},
+        Case{"a comma first", "a,b", "Unexpected comma encountered: line 1, column 2."},
+        Case{"in another format", "\xEF\xBB\xBF \t#nExUs (a),",
+             "Unexpected comma encountered: line 1, column 16." + nexus},
+        Case{"its mark in a name", "a #NEXUS,", "Unexpected comma encountered: line 1, column 9."}})
   {
     EXPECT_EQ(readAgain(c.text), c.expected) << c.what;
+  }
+}
+
+TEST(NewickReader, SaysWhichLengthIsNoNumberAndWhy)
+{
+  const std::string comments =
+      " Comments have no meaning in this format. orvex-convert takes them out.";
+  const std::string quotes =
+      " Quotes have no meaning in this format. orvex-convert takes them out.";
+  const std::string blanks =
+      " No blank may stand before or after a number. orvex-convert takes such blanks out.";
+  const std::string most = "a23456789b123456789c123456789d123456789e123456789f12345678\xC3\xA9";
+  struct Row
+  {
+    std::string text;
+    int column;
+    std::string length, name, reason;
+  };
+  for (const Row& row :
+       {Row{"(b:(1a))", 5, "1a", "b", ""}, Row{"(b:(,c))", 3, "", "b", ""}, // at the ":"
+        Row{"(b:,c)", 3, "", "b", ""}, Row{"('k:x; y':1,c)", 5, "x; y':1", "'k", quotes},
+        Row{"(k,l:x' :1,c)", 6, "x' :1", "l", quotes}, Row{"(a:1[x],b)", 4, "1[x]", "a", comments},
+        Row{"(a[&x:1],b)", 7, "1]", "a[&x", comments},
+        Row{"( \tit's\t:\t-2e3\r )", 10, "?-2e3\\r ", "it's?", blanks},
+        Row{"#NEXUS;(a: 1)", 11, " 1", "a", nexus}, Row{"(b:" + most + ")", 4, most, "b", ""},
+        Row{"(b:x" + most + ")", 4, 'x' + most.substr(0, 58) + "...", "b", ""}})
+  {
+    EXPECT_EQ(readAgain(row.text),
+              "Line 1, column " + std::to_string(row.column) + ": \"" + row.length +
+                  "\" is no branch length. It follows the name \"" + row.name + "\"." + row.reason);
   }
 }
 
@@ -125,8 +159,13 @@ TEST(NewickReader, JoinsTheLinesOfAFile)
        {Case{"line ends are dropped", "((long\nname\r\n,b\n)\n\nx,\n\nc);\n",
              "((longname\r,b)x,c)"},
         Case{"no line end at the end", "(a,\nb)", "(a,b)"}, Case{"an empty file", "", "no tree"},
-        Case{"an error tells the line of the file", "((a:1,\nb\nc:2\r))",
-             R"(Line 3, column 3: "2\r" is no branch length. It follows the name "bc".)"}})
+        Case{"an error tells the line of the file", "((a:1,\nb\nc:x\r))",
+             R"(Line 3, column 3: "x\r" is no branch length. It follows the name "bc".)"},
+        Case{"an empty length is at its colon", "(a,\nb:\n\n)",
+             R"(Line 2, column 2: "" is no branch length. It follows the name "b".)"},
+        Case{"a comma far behind",
+             "\n" + std::string(70'000, '\n') + std::string(70'000, ' ') + ",",
+             "Unexpected comma encountered: line 70002, column 70001."}})
   {
     EXPECT_EQ(readAgain(written(name, c.text), true), c.expected) << c.what;
   }
