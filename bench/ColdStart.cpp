@@ -174,7 +174,7 @@ nlohmann::json stages(const std::string& file, unsigned int mostLevels)
   laps.result["scene MiB"] = peakMebibytes() - before;
   const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
   camera->horizontalPixelsForText(builder->maximumTextLength() + gapBesideText);
-  camera->updateZoomInformation(tree->getNumberOfLeafNodes(), pixelsPerLeaf, mainArea);
+  camera->updateZoomInformation(tree->getNumberOfLeafNodes(), mostPixelsPerLeaf, mainArea);
   boost::intrusive_ptr<Group> root = builder->root();
   builder = nullptr;
   laps.result["peak MiB before the sweep"] = peakMebibytes();

@@ -50,7 +50,7 @@ struct Look
   {
     const Viewport viewport{120, 0, 1080, 800};
     camera->horizontalPixelsForText(150);
-    camera->updateZoomInformation(leaves, gl::pixelsPerLeaf, viewport);
+    camera->updateZoomInformation(leaves, mostPixelsPerLeaf, viewport);
     camera->zoomByAmount((camera->maximumZoom() - 1.0) * percent / 100.0);
     state = new gl::State(mainPass(*camera, viewport));
   }

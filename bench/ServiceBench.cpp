@@ -3,9 +3,9 @@
 // alone.
 
 #include "BenchTrees.h"
-#include "LoopbackServer.h"
 #include "MemoryMeter.h"
 #include "service/TreeJson.h"
+#include "support/LoopbackServer.h"
 #include "tree/model/Tree.h"
 #include "tree/newick/NewickReader.h"
 #include "tree/service/JsonTree.h"
@@ -53,7 +53,9 @@ BENCHMARK(serviceParse)->Apply(orvex::bench::everySize);
 
 void serviceDownload(benchmark::State& state)
 {
-  const LoopbackServer server("/trees/1", body(leavesOf(state)));
+  const LoopbackServer server(
+      [&](httplib::Server& paths)
+      { paths.Get("/trees/1", answerWith(body(leavesOf(state)), "application/json")); });
   const std::string url = server.url();
   measure(state, [&] { return orvex::downloadTreeFrom(url, 1); });
 }

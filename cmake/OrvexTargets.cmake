@@ -11,7 +11,7 @@ target_compile_options(orvex_flags INTERFACE
   $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
 # The same numbers on all processors: no multiplication and addition in one rounding.
 target_compile_options(orvex_flags INTERFACE -ffp-contract=off)
-# libstdc++ and Boost allocate in inline functions that the compiler sees through too well.
+# GCC 12 warns wrongly inside the inline allocation code of libstdc++ and Boost.
 target_compile_options(orvex_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
 if(ORVEX_FUZZ)

@@ -30,7 +30,7 @@ void cullEverywhere(Group& scene, unsigned int leaves, unsigned int textLength)
   {
     const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
     camera->horizontalPixelsForText(textLength + gapBesideText);
-    camera->updateZoomInformation(leaves, pixelsPerLeaf, area);
+    camera->updateZoomInformation(leaves, mostPixelsPerLeaf, area);
     for (const double zoom : {0.0, 1.5, 1e9})
     {
       camera->zoomByAmount(zoom);

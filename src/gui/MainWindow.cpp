@@ -39,7 +39,7 @@ namespace
 
 using Kelmar::Functions::Helper::exceptionHandler;
 
-const char* const GEOMETRY = "main_window_geometry";
+const char* const geometryKey = "main_window_geometry";
 
 } // namespace
 } // namespace Detail
@@ -56,7 +56,7 @@ MainWindow::MainWindow() : _ui(new Ui_MainWindow)
   setWindowTitle(QCoreApplication::applicationName());
   setWindowIcon(QIcon(":/Images/tesmar_icon.gif"));
   const QSize usual = size();
-  restoreGeometry(Tools::Qt::setting(Detail::GEOMETRY).toByteArray());
+  restoreGeometry(Tools::Qt::setting(Detail::geometryKey).toByteArray());
   // From a damaged value Qt can make a window of one pixel, which a user could not find.
   if (size().expandedTo(minimumSizeHint()) != size())
   {
@@ -71,7 +71,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::_destroy()
 {
-  Tools::Qt::setting(Detail::GEOMETRY, saveGeometry());
+  Tools::Qt::setting(Detail::geometryKey, saveGeometry());
   delete _ui;
   _ui = nullptr;
   _documentClose();

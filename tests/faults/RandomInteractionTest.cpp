@@ -2,9 +2,8 @@
 
 #include "generate/TreeGenerator.h"
 #include "render/camera/CameraCladogram.h"
+#include "support/LoopbackServer.h"
 #include "support/Window.h"
-
-#include <httplib.h>
 
 #include <QTest>
 #include <QTreeWidget>
@@ -13,7 +12,6 @@
 #include <cmath>
 #include <random>
 #include <regex>
-#include <thread>
 
 static std::mt19937 chance;
 
@@ -34,32 +32,16 @@ class RandomInteractionTest : public DisplayTest
 protected:
   RandomInteractionTest()
   {
-    for (const auto& [path, tree] :
-         {std::pair("/trees", R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])"),
-          std::pair("/trees/1", R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})"),
-          std::pair("/trees/2", R"({"root":{"name":7}})")})
-    {
-      _service.Get(std::string("http://[^/]*") + path, [tree = tree](auto&, auto& response)
-                   { response.set_content(tree, "application/json"); });
-    }
-    // A server that is stopped before it runs would run for ever.
-    EXPECT_TRUE(QTest::qWaitFor([this] { return _service.is_running(); }));
     switchService();
     QObject::connect(&_timer, &QTimer::timeout, [this] { _answerDialog(); });
     _timer.start(1);
-  }
-
-  ~RandomInteractionTest() override
-  {
-    _service.stop();
-    _thread.join();
   }
 
   /// Chooses whether the tree service answers from now on or cannot be reached.
   void switchService()
   {
     // The service acts as a proxy: so it needs no fixed port, which another program may have.
-    const std::string proxy = "http://127.0.0.1:" + std::to_string(below(2) ? _port : 1);
+    const std::string proxy = below(2) ? _service.url() : "http://127.0.0.1:1";
     setenv("http_proxy", proxy.c_str(), 1);
     setenv("no_proxy", "none.invalid", 1);
   }
@@ -117,9 +99,19 @@ private:
     }
   }
 
-  httplib::Server _service;
-  const int _port = _service.bind_to_any_port("127.0.0.1");
-  std::thread _thread{[this] { _service.listen_after_bind(); }};
+  const LoopbackServer _service{
+      [](httplib::Server& paths)
+      {
+        for (const auto& [path, answer] :
+             {std::pair("/trees",
+                        R"([{"id":1,"treeName":"good"},{"id":2,"treeName":"bad"},{"id":3}])"),
+              std::pair("/trees/1",
+                        R"({"root":{"name":"r","children":[{"name":"a","children":[]}]}})"),
+              std::pair("/trees/2", R"({"root":{"name":7}})")})
+        {
+          paths.Get(std::string("http://[^/]*") + path, answerWith(answer, "application/json"));
+        }
+      }};
   QTimer _timer;
 };
 

@@ -17,8 +17,8 @@ protected:
 
   void choose(const char* action, const std::string& name)
   {
-    answering<QFileDialog>([&] { window.action(action).trigger(); },
-                           [&](QFileDialog& dialog) { type(dialog, name); });
+    answerDialog<QFileDialog>([&] { window.action(action).trigger(); },
+                              [&](QFileDialog& dialog) { type(dialog, name); });
   }
 
   Window window;

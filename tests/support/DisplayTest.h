@@ -35,7 +35,7 @@ protected:
   std::string path(const std::string& name) const { return _home + "/" + name; }
   std::string file(const std::string& name, const std::string& text) const
   {
-    return written(path(name), text);
+    return writeFile(path(name), text);
   }
 
   /// What was written to std::cout so far.
@@ -51,7 +51,7 @@ private:
 /// Does something that shows a modal dialog of a type, and answers that dialog. One that never
 /// comes is a failure.
 template <class Dialog>
-void answering(const std::function<void()>& action, const std::function<void(Dialog&)>& answer)
+void answerDialog(const std::function<void()>& action, const std::function<void(Dialog&)>& answer)
 {
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout,

@@ -41,7 +41,7 @@ std::string errorOf(Action action)
 
 /// What an action writes to std::cout. It must not throw.
 template <class Action>
-std::string printed(Action action)
+std::string outputOf(Action action)
 {
   std::ostringstream out;
   std::streambuf* const before = std::cout.rdbuf(out.rdbuf());
@@ -65,7 +65,7 @@ inline std::string newFolder()
 }
 
 /// Writes a file. \return its path
-inline std::string written(const std::string& path, const std::string& contents)
+inline std::string writeFile(const std::string& path, const std::string& contents)
 {
   std::ofstream(path, std::ios_base::binary) << contents;
   return path;

@@ -25,3 +25,15 @@ inline orvex::render::EdgeList edgesAlong(const std::vector<Polyline::Points>& l
   }
   return edges.finish();
 }
+
+/// The points of each edge of a list.
+inline std::vector<Polyline::Points> linesOf(const orvex::render::EdgeList& edges)
+{
+  std::vector<Polyline::Points> lines;
+  for (orvex::render::EdgeList::Reader reader(edges); reader.next();)
+  {
+    reader.beginsEdge() ? lines.push_back({reader.vertex()})
+                        : lines.back().push_back(reader.vertex());
+  }
+  return lines;
+}

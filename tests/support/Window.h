@@ -38,7 +38,7 @@ inline std::string confirm(QMessageBox& box)
 inline std::string boxAfter(const std::function<void()>& action)
 {
   std::string text;
-  answering<QMessageBox>(action, [&](QMessageBox& box) { text = confirm(box); });
+  answerDialog<QMessageBox>(action, [&](QMessageBox& box) { text = confirm(box); });
   return text;
 }
 

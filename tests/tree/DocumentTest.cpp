@@ -11,16 +11,16 @@ TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
   {
     const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
     EXPECT_NE(errorOf([&] { document->read(folder + name); }), "") << name;
-    document->read(written(folder + name, "(a,b);"));
+    document->read(writeFile(folder + name, "(a,b);"));
     const boost::shared_ptr<orvex::Tree> first = document->getTree();
     ASSERT_NE(first, nullptr) << name;
-    EXPECT_NE(errorOf([&] { document->read(written(folder + name, "(a,b))")); }), "");
+    EXPECT_NE(errorOf([&] { document->read(writeFile(folder + name, "(a,b))")); }), "");
     for (const std::string other : {"a.txt", "tree", "tree.nwk.gz", "tree.nwk ", "folder.tre/tree"})
     {
-      document->read(written(folder + other, "(a,b,c);"));
+      document->read(writeFile(folder + other, "(a,b,c);"));
       EXPECT_EQ(document->getTree(), first) << other;
     }
-    document->read(written(folder + name, "no tree"));
+    document->read(writeFile(folder + name, "no tree"));
     EXPECT_EQ(document->getTree(), nullptr) << "a file without a tree is no failure";
     EXPECT_EQ(first.use_count(), 1);
   }

@@ -183,7 +183,6 @@ Vector3<T, Index, Policy> operator*(const Matrix44<T, Index, Policy>& m,
 
 using Matrix44d = Matrix44<double, unsigned int, ErrorPolicy>;
 using Vector2d = Vector2<double, unsigned int, ErrorPolicy>;
-using Vector2f = Vector2<float, unsigned int, ErrorPolicy>;
 using Vector3d = Vector3<double, unsigned int, ErrorPolicy>;
 using Vector4f = Vector4<float, unsigned int, ErrorPolicy>;
 

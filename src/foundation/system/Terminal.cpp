@@ -1,5 +1,6 @@
 #include "foundation/system/Terminal.h"
 
+#include <cerrno>
 #include <cstdio>
 
 namespace Kelmar::System
@@ -7,7 +8,8 @@ namespace Kelmar::System
 
 void tellOnTerminal(const char* reason) noexcept
 {
-  std::fprintf(stderr, "orvex-tree-viewer: %s\n", reason ? reason : "unknown failure");
+  std::fprintf(stderr, "%s: %s\n", program_invocation_short_name,
+               reason ? reason : "unknown failure");
 }
 
 } // namespace Kelmar::System

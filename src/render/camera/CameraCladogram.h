@@ -7,6 +7,11 @@
 namespace orvex::render
 {
 
+/// The height of one leaf at a camera's greatest zoom, in pixels.
+constexpr unsigned int mostPixelsPerLeaf = 18;
+/// The room between the longest label and the right edge of the main area, in pixels.
+constexpr unsigned int gapBesideText = 5;
+
 struct Viewport;
 
 /// Where the user looks at a cladogram, and how far zoomed in.

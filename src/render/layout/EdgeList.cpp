@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <stdexcept>
 #include <utility>
 
 namespace orvex::render
@@ -14,22 +13,11 @@ namespace
 
 // The byte before each vertex. It says which numbers follow, x first.
 constexpr unsigned char end = 0;
+// Set for each vertex: one that repeats both numbers would look like the end without it.
 constexpr unsigned char vertex = 1;
 constexpr unsigned char beginsEdge = 2;
 constexpr unsigned char hasX = 4;
 constexpr unsigned char hasY = 8;
-
-/// An edge of a list, taken out of it.
-class Polyline : public Edge2D
-{
-public:
-  explicit Polyline(std::vector<EdgeList::Point> points) : _points(std::move(points)) {}
-
-  void evaluate(std::vector<EdgeList::Point>& points) const override { points = _points; }
-
-private:
-  std::vector<EdgeList::Point> _points;
-};
 
 } // namespace
 } // namespace Detail
@@ -53,35 +41,6 @@ EdgeList& EdgeList::operator=(EdgeList other) noexcept
 {
   std::swap(_bytes, other._bytes);
   return *this;
-}
-
-std::size_t EdgeList::size() const
-{
-  std::size_t edges = 0;
-  for (Reader reader(*this); reader.next();)
-  {
-    edges += reader.beginsEdge() ? 1 : 0;
-  }
-  return edges;
-}
-
-boost::intrusive_ptr<Edge2D> EdgeList::operator[](std::size_t i) const
-{
-  std::vector<Point> points;
-  std::size_t edges = 0;
-  for (Reader reader(*this); reader.next() && edges <= i + 1;)
-  {
-    edges += reader.beginsEdge() ? 1 : 0;
-    if (edges == i + 1)
-    {
-      points.push_back(reader.vertex());
-    }
-  }
-  if (points.empty())
-  {
-    throw std::out_of_range("There is no such edge.");
-  }
-  return boost::intrusive_ptr<Edge2D>(new Detail::Polyline(std::move(points)));
 }
 
 bool EdgeList::Reader::next()

@@ -30,13 +30,8 @@ public:
   ~EdgeList() = default;
 
   bool empty() const { return !_bytes; }
-  /// Counts the edges, one after the other.
-  std::size_t size() const;
-  /// \return a new edge with the points of edge \p i, whose way there is walked
-  /// \throws std::out_of_range
-  boost::intrusive_ptr<Edge2D> operator[](std::size_t i) const;
 
-  /// Reads the vertices of all edges, one after the other.
+  /// Reads the vertices of all edges, one after the other. Must not outlive its list.
   class Reader
   {
   public:

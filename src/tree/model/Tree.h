@@ -100,7 +100,7 @@ private:
   }
 
   std::vector<Node> _nodes;
-  // Growing, they move nothing.
+  // Deques, so that growing moves no element.
   std::deque<std::string> _names;
   std::deque<std::vector<int>> _longLists;
   const std::string _noName;

@@ -113,7 +113,7 @@ TEST(CountedObject, TellsWhatItsDestructorThrows)
     intrusive_ptr_add_ref(object);
     std::string error;
     const std::string log =
-        printed([&] { error = errorOf([&] { intrusive_ptr_release(object); }); });
+        outputOf([&] { error = errorOf([&] { intrusive_ptr_release(object); }); });
     EXPECT_THAT(error, MatchesRegex(expected));
     EXPECT_EQ(log, error + "\n") << "a smart pointer's destructor lets nothing out";
   }
@@ -124,7 +124,7 @@ TEST(CountedObject, LogsThatItWasDeletedByHand)
   auto* object = new Object;
   object->ref();
   EXPECT_THAT(
-      printed([&] { delete object; }),
+      outputOf([&] { delete object; }),
       MatchesRegex(
           "Error 2592561907: Deleting object 0x[0-9a-f]+ which has not been marked for "
           "deletion\nError 2427831854: Deleting object 0x[0-9a-f]+ with reference count 1\n"));

@@ -6,7 +6,7 @@ TEST(Guard, WritesOneLineForAFailureAndGoesOn)
 {
   using Kelmar::Functions::noThrow;
   using Kelmar::Functions::Helper::exceptionHandler;
-  EXPECT_EQ(printed(
+  EXPECT_EQ(outputOf(
                 []
                 {
                   noThrow([] {}, "2445711089");

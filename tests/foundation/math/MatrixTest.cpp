@@ -54,9 +54,12 @@ TEST(Matrix, TimesItsInverseIsTheIdentity)
       m[i] = value(random) + (i % 5 == 0 ? 8.0 : 0.0); // well conditioned
     }
     ASSERT_TRUE(m.inverse(inverse));
-    const Matrix44d product = inverse * m;
+    Matrix44d inPlace = m;
+    ASSERT_TRUE(inPlace.invert());
+    const Matrix44d product = inPlace * m;
     for (unsigned int i = 0; i < 16; ++i)
     {
+      EXPECT_EQ(inPlace[i], inverse[i]);
       EXPECT_NEAR(product[i], i % 5 == 0 ? 1.0 : 0.0, 1e-12) << "element " << i;
     }
   }
@@ -67,5 +70,8 @@ TEST(Matrix, HasNoInverseWhereItsDeterminantIsExactlyZero)
   Matrix44d inverse = Matrix44d::translation({1.0, 2.0, 3.0});
   EXPECT_FALSE(Matrix44d::scale({2.0, 0.0, 1.0}).inverse(inverse));
   EXPECT_EQ(inverse[13], 2.0) << "left alone";
+  Matrix44d flat = Matrix44d::scale({2.0, 0.0, 1.0});
+  EXPECT_FALSE(flat.invert());
+  EXPECT_EQ(flat[0], 2.0) << "left alone";
   EXPECT_TRUE(Matrix44d::scale({1e-60, 1e-60, 1e-60}).inverse(inverse));
 }

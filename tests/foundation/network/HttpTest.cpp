@@ -1,11 +1,8 @@
 #include "foundation/network/Http.h"
 
 #include "foundation/network/Curl.h"
+#include "support/LoopbackServer.h"
 #include "support/Outcome.h"
-
-#include <httplib.h>
-
-#include <thread>
 
 using namespace Kelmar::Network;
 
@@ -23,9 +20,9 @@ TEST(Http, DeliversAWholeBodyUpToItsLimit)
   const std::string folder = newFolder();
   std::string large(50'000'000, 'x');
   large.back() = '\0';
-  const std::string url = "file://" + written(folder + "/large", large);
+  const std::string url = "file://" + writeFile(folder + "/large", large);
   EXPECT_TRUE(download(url, 60000) == large);
-  EXPECT_EQ(download("file://" + written(folder + "/empty", "")), "");
+  EXPECT_EQ(download("file://" + writeFile(folder + "/empty", "")), "");
   std::ostringstream stream;
   EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size()).download(); }), "");
   EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size() - 1).download(); }),
@@ -50,26 +47,22 @@ TEST(Http, NamesTheReasonAndTheUrlOfAFailure)
 
 TEST(Http, FollowsThirtyRedirectsAtMostAndGivesTheLastBodyOnly)
 {
-  httplib::Server server;
-  const auto redirect = [&](const std::string& from, const std::string& to)
+  const auto redirectTo = [](const std::string& target)
   {
-    server.Get(from,
-               [to](const httplib::Request&, httplib::Response& answer)
-               {
-                 answer.set_content("moved", "text/plain");
-                 answer.set_redirect(to);
-               });
+    return [target](const httplib::Request&, httplib::Response& response)
+    {
+      response.set_content("moved", "text/plain");
+      response.set_redirect(target);
+    };
   };
-  redirect("/moved", "/here");
-  redirect("/circle", "/circle");
-  server.Get("/here", [](const httplib::Request&, httplib::Response& answer)
-             { answer.set_content("found", "text/plain"); });
-  const std::string url =
-      "http://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1"));
-  std::thread thread([&] { server.listen_after_bind(); });
-  EXPECT_EQ(download(url + "/moved", 60000), "found");
-  EXPECT_EQ(download(url + "/circle", 60000),
-            "Error 3886626924: Maximum (30) redirects followed, URL = " + url + "/circle");
-  server.stop();
-  thread.join();
+  const LoopbackServer server(
+      [&](httplib::Server& paths)
+      {
+        paths.Get("/moved", redirectTo("/here"));
+        paths.Get("/circle", redirectTo("/circle"));
+        paths.Get("/here", answerWith("found", "text/plain"));
+      });
+  EXPECT_EQ(download(server.url() + "/moved", 60000), "found");
+  EXPECT_EQ(download(server.url() + "/circle", 60000),
+            "Error 3886626924: Maximum (30) redirects followed, URL = " + server.url() + "/circle");
 }

@@ -17,7 +17,7 @@ protected:
   {
     const FileDialog::Filters filters{{"Newick (*.tre)", "*.tre"}, {"Newick (*.nwk)", "*.nwk"}};
     Answer answer;
-    answering<QFileDialog>(
+    answerDialog<QFileDialog>(
         [&]
         {
           answer.second = title == "Open" ? FileDialog::getOpenFileName(nullptr, title, filters)
@@ -50,6 +50,26 @@ TEST_F(FileDialogTest, RemembersDirectoryAndFilterForEachTitle)
   EXPECT_EQ(ask("Open", ""), Answer(home + "|Newick (*.tre)", "")) << "the directory is gone";
   const std::string other = path("new.nwk");
   EXPECT_EQ(ask("Export Image", other), Answer(home + "|Newick (*.nwk)", other));
+}
+
+TEST_F(FileDialogTest, GivesSeveralNamesAndRemembersTheirDirectory)
+{
+  const std::vector<std::string> names{file("a.nwk", ""), file("b c.nwk", "")};
+  std::vector<std::string> answer{"of the time before"};
+  for (const char* typed : {R"("a.nwk" "b c.nwk")", ""})
+  {
+    answerDialog<QFileDialog>(
+        [&] {
+          FileDialog::getOpenFileNames(nullptr, "Add", {{"All", "*"}}, answer);
+        },
+        [&](QFileDialog& dialog)
+        {
+          dialog.setDirectory(QString::fromStdString(home));
+          type(dialog, typed);
+        });
+    EXPECT_EQ(answer, *typed ? names : std::vector<std::string>{});
+  }
+  EXPECT_EQ(ask("Add", "").first.substr(0, home.size()), home);
 }
 
 TEST_F(FileDialogTest, OpensWithoutAHomeDirectoryAndLogsThat)

@@ -1,6 +1,7 @@
 #include "generate/TreeGenerator.h"
 #include "render/layout/LayoutCladogram.h"
 #include "support/Outcome.h"
+#include "support/Polyline.h"
 #include "tree/model/Tree.h"
 #include "tree/newick/NewickReader.h"
 
@@ -31,7 +32,8 @@ static void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned 
   EXPECT_EQ(node.depth, depth);
   EXPECT_EQ(node.depthToLeaf, unsigned(height));
   EXPECT_EQ(node.position.x, std::log10(double(deepest - height) / deepest * 9.0 + 1.0));
-  ASSERT_EQ(node.edges.size(), tree.getNumChildren(id));
+  const std::vector<Polyline::Points> edges = linesOf(node.edges);
+  ASSERT_EQ(edges.size(), tree.getNumChildren(id));
   std::vector<int> leaves;
   tree.getLeafNodes(id, leaves);
   const double lowest = info.layoutInfoForNode(leaves.back()).position.y;
@@ -43,8 +45,7 @@ static void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned 
     const int child = tree.getChild(id, i);
     const Point2D<double> position = info.layoutInfoForNode(child).position;
     sum += position.y;
-    std::vector<Point2D<double>> points(i); // earlier contents are replaced
-    node.edges[i]->evaluate(points);
+    const Polyline::Points& points = edges[i];
     ASSERT_EQ(points.size(), 3u);
     expectPoint(points[0], node.position.x, node.position.y);
     expectPoint(points[1], node.position.x, position.y);

@@ -167,14 +167,14 @@ TEST(NewickReader, JoinsTheLinesOfAFile)
              "\n" + std::string(70'000, '\n') + std::string(70'000, ' ') + ",",
              "Unexpected comma encountered: line 70002, column 70001."}})
   {
-    EXPECT_EQ(readAgain(written(name, c.text), true), c.expected) << c.what;
+    EXPECT_EQ(readAgain(writeFile(name, c.text), true), c.expected) << c.what;
   }
 }
 
 TEST(NewickReader, SaysWhyAFileCannotBeRead)
 {
   const std::string folder = newFolder();
-  const std::string file = written(folder + "/tree.nwk", "(a,b);");
+  const std::string file = writeFile(folder + "/tree.nwk", "(a,b);");
   EXPECT_THAT(readAgain(folder + "/missing", true), testing::HasSubstr("file_size: No such file"));
   EXPECT_THAT(readAgain(folder, true), testing::StartsWith("boost::filesystem::file_size: "));
   // A regular file that opens, but has nothing at its start to be read.

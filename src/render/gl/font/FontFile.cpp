@@ -52,7 +52,7 @@ FontFile systemFontFile(const std::string& family)
   {
     return Detail::fileOf(match.get());
   }
-  // The best one has a fixed size: of all others, which takes longer, the best that has not.
+  // The best match is a bitmap font: take the best scalable one. Sorting all fonts takes longer.
   const Detail::FontSet all(FcFontSort(nullptr, wanted.get(), FcFalse, nullptr, &result),
                             &FcFontSetDestroy);
   for (int i = 0; all && i < all->nfont; ++i)

@@ -1,8 +1,7 @@
 #include "render/gl/scene/RenderTaxonLabels.h"
 
 #include "render/gl/draw/State.h"
-#include "render/gl/font/FontFile.h"
-#include "render/gl/font/FreeType.h"
+#include "render/gl/font/LabelFont.h"
 #include "render/gl/scene/Visitor.h"
 
 #include <cassert>
@@ -10,28 +9,8 @@
 
 namespace orvex::render::gl
 {
-namespace Detail
-{
-namespace
-{
-
-boost::intrusive_ptr<Font> loadFont()
-{
-  FreeType* library = FreeType::instance();
-  boost::intrusive_ptr<Font> font(library->createFont("/Library/Fonts/Arial.ttf"));
-  if (font)
-  {
-    return font;
-  }
-  const FontFile file = systemFontFile("Arial");
-  return library->createFont(file.path, file.index);
-}
-
-} // namespace
-} // namespace Detail
-
 RenderTaxonLabels::RenderTaxonLabels(std::size_t mostBytes)
-    : _font(Detail::loadFont()), _mostBytes(mostBytes)
+    : _font(loadLabelFont()), _mostBytes(mostBytes)
 {
 }
 

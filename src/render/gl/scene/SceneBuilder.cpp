@@ -37,7 +37,7 @@ struct Lines
   bool ownsLayout = false;
 };
 
-// What the scene's leaves show, which is nothing, they share.
+// All leaves share one empty strip.
 boost::intrusive_ptr<LineStrip> buildLines(int node, const Lines& lines)
 {
   EdgeList& edges = lines.layout->layoutInfoForNode(node).edges;

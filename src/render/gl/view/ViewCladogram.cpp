@@ -150,7 +150,8 @@ void ViewCladogram::resize(unsigned int width, unsigned int height)
   _mainProjection = mainProjection(_mainViewport);
   if (tree())
   {
-    camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), pixelsPerLeaf, _mainViewport);
+    camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), mostPixelsPerLeaf,
+                                    _mainViewport);
   }
 }
 

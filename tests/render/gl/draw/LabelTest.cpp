@@ -80,7 +80,7 @@ struct Column
 
 TEST(LabelFont, LeavesOutGlyphsOfOneBitForEachPixel)
 {
-  const std::string path = written(newFolder() + "/bits.bdf", R"(STARTFONT 2.1
+  const std::string path = writeFile(newFolder() + "/bits.bdf", R"(STARTFONT 2.1
 FONT -x-bits-medium-r-normal--8-80-75-75-c-80-iso10646-1
 SIZE 8 75 75
 FONTBOUNDINGBOX 8 2 0 0

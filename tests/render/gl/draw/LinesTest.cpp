@@ -74,10 +74,8 @@ struct Elbows
     {
       const auto& edges = layout.layoutInfoForNode(node).edges;
       graph.addHighLod(new LineStrip(edges));
-      for (std::size_t i = 0; i < edges.size(); ++i)
+      for (const Polyline::Points& points : linesOf(edges))
       {
-        std::vector<Point2D<double>> points;
-        edges[i]->evaluate(points);
         const auto a = onScreen(points[0], state), b = onScreen(points[2], state);
         light(a.x, a.y, a.x, b.y, state.viewport());
         light(a.x, b.y, b.x, b.y, state.viewport());

@@ -10,9 +10,6 @@
 
 #include <boost/make_shared.hpp>
 
-#include <atomic>
-#include <thread>
-
 using namespace orvex::render;
 using namespace orvex::render::gl;
 using Kelmar::Math::Matrix44d;
@@ -93,32 +90,9 @@ TEST(Scene, OfATruncatedFileShowsWhatIsThere)
   const std::string whole = "((a:1.5e-3,b:-2)x:1,(c:4,(d,e)y)z:0.5);\n";
   for (std::size_t length = 0; length <= whole.size(); ++length)
   {
-    const Scene scene(orvex::NewickReader()(written(name, whole.substr(0, length))));
+    const Scene scene(orvex::NewickReader()(writeFile(name, whole.substr(0, length))));
     EXPECT_EQ(scene.builder.root() != nullptr, length > 0) << "a length that is cut is never read";
   }
-}
-
-TEST(Scene, OfAFileThatChangesWhileItIsReadIsATreeOrAnError)
-{
-  const std::string name = newFolder() + "/tree.nwk";
-  std::atomic<bool> done(false);
-  std::thread writer(
-      [&]
-      {
-        for (const std::string half = "(a" + std::string(20000, ','); !done;)
-        {
-          std::ofstream(name) << half << std::flush << half << ");";
-        }
-      });
-  int trees = 0;
-  // The writer may not get to run, or leave the file empty for many reads.
-  for (int i = 0; trees < 20 && i < 1000000; ++i)
-  {
-    errorOf([&] { trees += Scene(orvex::NewickReader()(name)).builder.root() ? 1 : 0; });
-  }
-  done = true;
-  writer.join();
-  EXPECT_GT(trees, 0) << "else no read met the file";
 }
 
 struct Pass

@@ -3,18 +3,19 @@
 #include <httplib.h>
 
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <thread>
 
-/// An HTTP server on a free port of the loopback address that answers one path with one body.
+/// An HTTP server on a free port of the loopback address; it ends with the object.
 class LoopbackServer
 {
 public:
-  LoopbackServer(const std::string& path, const std::string& body)
+  /// \param define  says what the server answers, before it runs
+  explicit LoopbackServer(const std::function<void(httplib::Server&)>& define)
   {
     setenv("no_proxy", "*", 1); // requests must not go through a proxy
-    _server.Get(path, [body](const httplib::Request&, httplib::Response& response)
-                { response.set_content(body, "application/json"); });
+    define(_server);
     _thread = std::thread([this] { _server.listen_after_bind(); });
     while (!_server.is_running()) // a server that does not run yet can't be stopped
     {
@@ -34,3 +35,10 @@ private:
   const int _port = _server.bind_to_any_port("127.0.0.1");
   std::thread _thread;
 };
+
+/// An answer with a body, for Server::Get.
+inline httplib::Server::Handler answerWith(const std::string& body, const char* type)
+{
+  return [body, type](const httplib::Request&, httplib::Response& response)
+  { response.set_content(body, type); };
+}
