@@ -36,7 +36,7 @@ endif()
 # nine tenths of the memory of libc's allocator for them. The sanitizers have their own allocator.
 add_library(orvex_allocator INTERFACE)
 if(NOT ORVEX_SANITIZE AND NOT ORVEX_FUZZ)
-  find_package(mimalloc 2.0 REQUIRED)
+  find_package(mimalloc REQUIRED)
   target_link_libraries(orvex_allocator INTERFACE mimalloc)
 endif()
 

@@ -163,7 +163,7 @@ def wrong_arguments(folder):
     (folder / "old.ico").write_text("old")
 
     def files():
-        return {path: path.read_bytes() for path in folder.iterdir()}
+        return {path: path.read_bytes() for path in folder.iterdir() if path.is_file()}
 
     before = files()
     with socket.create_server(("127.0.0.1", 0)) as taken:

@@ -76,7 +76,7 @@ std::string readWithoutLineEnds(const std::string& filename)
 bool isNewickFile(const std::string& filename)
 {
   const std::string extension =
-      boost::algorithm::to_lower_copy(boost::filesystem::extension(filename));
+      boost::algorithm::to_lower_copy(boost::filesystem::path(filename).extension().string());
   return std::any_of(newickEndings.begin(), newickEndings.end(),
                      [&](const std::string& ending) { return extension == "." + ending; });
 }
