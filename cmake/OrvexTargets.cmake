@@ -3,6 +3,7 @@
 option(ORVEX_SANITIZE "Build with the address, leak and undefined behaviour sanitizers" OFF)
 option(ORVEX_WERROR "Take warnings as errors; a later compiler may have more of them" OFF)
 option(ORVEX_PACKAGE "Prepare what cpack makes the Debian package of" OFF)
+option(ORVEX_ARCHIVE "Prepare what cpack makes the archive for any Linux of" OFF)
 option(ORVEX_FUZZ "Build for the fuzzers of fuzz/, with clang and its sanitizers" OFF)
 
 add_library(orvex_flags INTERFACE)
@@ -55,9 +56,14 @@ function(orvex_add_layer name)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE orvex_flags ${ARG_PRIVATE_LINKS})
 endfunction()
 
-# orvex_add_program(NAME SOURCES ... LINKS ...): an executable with our flags.
+# orvex_add_program(NAME [INSTALLED] SOURCES ... LINKS ...): an executable with our flags. One that is
+# installed stands in the list ORVEX_PROGRAMS, and has a manual in packaging/man.
 function(orvex_add_program name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "INSTALLED" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE orvex_flags ${ARG_LINKS})
+  if(ARG_INSTALLED)
+    set_property(GLOBAL APPEND PROPERTY ORVEX_PROGRAMS ${name})
+    install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  endif()
 endfunction()
