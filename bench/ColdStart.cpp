@@ -195,7 +195,7 @@ struct ReportTimes : Kelmar::Progress::Listener
     double share, time;
   };
 
-  void progress(Kelmar::Progress::Stage stage, double share) noexcept override
+  void progress(const Kelmar::Progress::Stage& stage, double share) noexcept override
   {
     start = reports.empty() ? cpuMilliseconds() : start;
     reports.push_back({stage, share, cpuMilliseconds() - start});
@@ -238,10 +238,10 @@ nlohmann::json shares(const std::string& file)
   double error = 0.0;
   for (const auto& [stage, share, time] : heard.reports)
   {
-    const char* const name = Kelmar::Progress::textOf(stage);
+    const char* const name = stage.text;
     result[name] = result.value(name, 0.0) + (time - last) / all;
     silence = std::max(silence, (time - last) / all);
-    error = std::max(error, std::abs(shareOfWhole(stage, share) - time / all));
+    error = std::max(error, std::abs(stage.shareOfWhole(share) - time / all));
     last = time;
   }
   result["longest silence"] = silence;

@@ -8,9 +8,9 @@
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "render/gl/scene/SceneDepth.h"
 #include "render/layout/LayoutCladogram.h"
 #include "tree/model/Tree.h"
+#include "tree/model/TreeDepth.h"
 #include "tree/newick/NewickReader.h"
 
 #include <boost/lexical_cast/bad_lexical_cast.hpp>
@@ -48,7 +48,7 @@ void show(const std::string& text)
   {
     return;
   }
-  requireShallow(*tree);
+  orvex::requireRoomForDepth(orvex::depthOfTree(*tree));
   const boost::intrusive_ptr<LayoutCladogram> layout(new LayoutCladogram);
   SceneBuilder builder(tree);
   builder.buildScene(layout->layout(tree));

@@ -14,7 +14,6 @@
 #include "gui/qt/WaitCursor.h"
 #include "render/camera/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
-#include "render/gl/scene/SceneDepth.h"
 #include "tree/Document.h"
 #include "tree/model/Tree.h"
 #include "tree/newick/NewickFile.h"
@@ -25,6 +24,7 @@
 #include <boost/bind/bind.hpp>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QMessageBox>
 
 #include <iostream>
@@ -136,12 +136,8 @@ void MainWindow::_documentOpen(const std::string& name)
   std::ostringstream errors;
   try
   {
-    const WaitCursor cursor;
-    const OpeningProgress progress(*this, name);
-    const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
-    document->read(name);
-    _createGui(document);
-    _viewer->prepare(progress.size());
+    _show(QFileInfo(Tools::Qt::fileName(name)).fileName(),
+          [&name](orvex::Document& document) { document.read(name); });
   }
   catch (const std::exception& e)
   {
@@ -174,9 +170,31 @@ void MainWindow::_documentOpenFromHalvane()
     return;
   }
   _repaint();
-  const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
-  document->loadFromHalvane(selected.id);
-  _createGui(document);
+  _show(Tools::Qt::text(selected.name),
+        [&selected](orvex::Document& document) { document.loadFromHalvane(selected.id); });
+}
+
+void MainWindow::_show(const QString& name, const std::function<void(orvex::Document&)>& load)
+{
+  const Tools::Qt::WaitCursor cursor;
+  const OpeningProgress progress(*this, _centralArea(), name);
+  const Viewer* const before = _viewer;
+  try
+  {
+    const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
+    load(*document);
+    _createGui(document);
+    _viewer->prepare();
+  }
+  catch (...)
+  {
+    if (_viewer != before) // it is half made
+    {
+      _documentClose();
+    }
+    throw;
+  }
+  _viewer->show();
 }
 
 void MainWindow::_repaint()
@@ -190,11 +208,8 @@ void MainWindow::_repaint()
 
 void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)
 {
-  if (document && document->getTree())
-  {
-    orvex::render::gl::requireShallow(*document->getTree());
-  }
-  _viewer = new Viewer(this);
+  _viewer = new Viewer(this, _centralArea());
+  _viewer->hide();
   setCentralWidget(_viewer);
   if (!document)
   {
@@ -203,6 +218,17 @@ void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)
   _viewer->tree(document->getTree());
   _viewer->updateScene();
   emit viewerIsValid(true);
+}
+
+QRect MainWindow::_centralArea() const
+{
+  QRect area = contentsRect();
+  const QWidget* menu = menuWidget();
+  if (menu && menu->isVisibleTo(this)) // a desktop may show it in another place
+  {
+    area.setTop(menu->geometry().bottom() + 1);
+  }
+  return area;
 }
 
 void MainWindow::_showErrorMessage(std::string title, std::string text)
@@ -246,7 +272,8 @@ void MainWindow::_toggleAlwaysShowHighLod()
   orvex::render::DisplaySettings* settings = _viewer ? _viewer->settings() : nullptr;
   if (!settings)
   {
-    // Qt has turned the mark already, if there is one. It stays that of the last viewer.
+    // A checkable action changes its mark by itself when it is used. As nothing was changed here,
+    // the mark is set back.
     _ui->actionAlways_Show_Tree->setChecked(!_ui->actionAlways_Show_Tree->isChecked());
     return;
   }

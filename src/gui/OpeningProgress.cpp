@@ -2,12 +2,9 @@
 
 #include "foundation/guard/NoThrow.h"
 #include "gui/qt/DiscardedInput.h"
-#include "gui/qt/Strings.h"
 
-#include <QFileInfo>
 #include <QLabel>
 #include <QMainWindow>
-#include <QMenuBar>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
@@ -21,20 +18,9 @@ namespace
 {
 
 constexpr int wholeBar = 1000;
-// In units of the window.
+// In pixels that do not depend on the display's scale.
 constexpr int mostWidth = 400;
 constexpr int margin = 20;
-
-QRect centralArea(const QMainWindow& window)
-{
-  QRect area = window.contentsRect();
-  const QWidget* menu = window.menuWidget();
-  if (menu && menu->isVisibleTo(&window)) // a desktop may show it in another place
-  {
-    area.setTop(menu->geometry().bottom() + 1);
-  }
-  return area;
-}
 
 QString shortened(const QString& text, const QWidget& widget, int width)
 {
@@ -44,21 +30,22 @@ QString shortened(const QString& text, const QWidget& widget, int width)
 } // namespace
 } // namespace Detail
 
-OpeningProgress::OpeningProgress(QMainWindow& window, const std::string& name)
-    : _area(&window),
+OpeningProgress::OpeningProgress(QMainWindow& window, const QRect& area, const QString& name)
+    : _window(window),
+      _area(&window),
       _name(new QLabel),
       _stage(new QLabel),
       _bar(new QProgressBar),
       _listening(*this)
 {
-  _area.setGeometry(Detail::centralArea(window));
+  _area.setGeometry(area);
   _area.setAutoFillBackground(true);
-  const int width = qMax(1, qMin(Detail::mostWidth, size().width() - 2 * Detail::margin));
+  const int width = qMax(1, qMin(Detail::mostWidth, area.width() - 2 * Detail::margin));
   _bar->setRange(0, Detail::wholeBar);
   _stage->setAlignment(::Qt::AlignHCenter);
   _name->setAlignment(::Qt::AlignHCenter);
   _name->setTextFormat(::Qt::PlainText);
-  _name->setText(Detail::shortened(QFileInfo(Tools::Qt::fileName(name)).fileName(), *_name, width));
+  _name->setText(Detail::shortened(name, *_name, width));
   auto* const column = new QVBoxLayout(&_area);
   column->addStretch();
   for (QWidget* widget : std::initializer_list<QWidget*>{_name, _bar, _stage})
@@ -72,18 +59,20 @@ OpeningProgress::OpeningProgress(QMainWindow& window, const std::string& name)
 OpeningProgress::~OpeningProgress()
 {
   Kelmar::Functions::noThrow(&Tools::Qt::DiscardedInput::discard, "5127730964");
+  if (_covered && _covered == _window.centralWidget())
+  {
+    _covered->show();
+  }
 }
 
-void OpeningProgress::show(Kelmar::Progress::Stage stage, double share)
+void OpeningProgress::show(const Kelmar::Progress::Stage& stage, double share)
 {
-  const QString text = Kelmar::Progress::textOf(stage);
+  const QString text = stage.text;
   const bool changed = _stage->text() != text;
   _stage->setText(text);
   if (!_area.isVisible())
   {
-    _area.setVisible(true);
-    _area.raise();
-    _area.repaint();
+    _appear();
   }
   else if (changed)
   {
@@ -91,6 +80,20 @@ void OpeningProgress::show(Kelmar::Progress::Stage stage, double share)
   }
   // It paints itself at once if the share is another one in pixels.
   _bar->setValue(int(share * Detail::wholeBar));
+}
+
+void OpeningProgress::_appear()
+{
+  QWidget* const shown = _window.centralWidget();
+  // It has a window of its own, which would stand above everything that is painted in the other.
+  if (shown && shown->isVisible())
+  {
+    _covered = shown;
+    shown->hide();
+  }
+  _area.setVisible(true);
+  _area.raise();
+  _area.repaint();
 }
 
 } // namespace Lumbra

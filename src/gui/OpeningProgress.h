@@ -3,9 +3,8 @@
 #include "foundation/progress/Listening.h"
 #include "foundation/progress/PacedListener.h"
 
+#include <QPointer>
 #include <QWidget>
-
-#include <string>
 
 class QLabel;
 class QMainWindow;
@@ -14,23 +13,26 @@ class QProgressBar;
 namespace Lumbra
 {
 
-/// Shows in the central area of a window how far the opening of a file is, until the end of the
-/// scope. It appears when that has taken half a second, and is painted at once, so that the event
-/// loop need not run. What the user did with keys and mouse in the scope is dropped.
+/// Shows in a window how far the opening of a tree is, until the end of the scope. It appears when
+/// that has taken half a second, in place of the central widget, and is painted at once, so that
+/// the event loop need not run. What the user did with keys and mouse in the scope is dropped.
 class OpeningProgress : public Kelmar::Progress::PacedListener
 {
 public:
-  /// \param name  of the file, in the file system's encoding
-  OpeningProgress(QMainWindow& window, const std::string& name);
+  /// \param area  where it appears, in coordinates of the window
+  /// \param name  of the tree
+  OpeningProgress(QMainWindow& window, const QRect& area, const QString& name);
   ~OpeningProgress() override;
 
-  /// The size of the central area, in units of the window.
-  QSize size() const { return _area.size(); }
-
 protected:
-  void show(Kelmar::Progress::Stage stage, double share) override;
+  void show(const Kelmar::Progress::Stage& stage, double share) override;
 
 private:
+  void _appear();
+
+  QMainWindow& _window;
+  // What was hidden when this appeared; null if nothing was, or if it is gone.
+  QPointer<QWidget> _covered;
   QWidget _area;
   QLabel* _name;
   QLabel* _stage;

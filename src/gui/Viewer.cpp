@@ -69,8 +69,12 @@ MouseEvent toMouseEvent(const QMouseEvent& event, const QSize& size)
 } // namespace
 } // namespace Detail
 
-Viewer::Viewer(QWidget* parent) : QGLWidget(Detail::multisampled(), parent)
+Viewer::Viewer(QWidget* parent, const QRect& place) : QGLWidget(Detail::multisampled(), parent)
 {
+  if (!place.isEmpty())
+  {
+    setGeometry(place);
+  }
   if (!isValid())
   {
     throw std::runtime_error("The tree can't be drawn: this display gives no OpenGL context.");
@@ -104,14 +108,14 @@ void Viewer::updateScene()
   _view->update();
 }
 
-void Viewer::prepare(const QSize& size)
+void Viewer::prepare()
 {
   makeCurrent();
   if (QGLContext::currentContext() != context())
   {
     return;
   }
-  _prepared = size * devicePixelRatioF();
+  _prepared = size() * devicePixelRatioF();
   _view->resize(static_cast<unsigned int>(_prepared.width()),
                 static_cast<unsigned int>(_prepared.height()));
   _view->prepare();

@@ -30,8 +30,10 @@ class Viewer : public QGLWidget, private boost::noncopyable
 {
 public:
   /// Makes an OpenGL context of its own and leaves it current.
+  /// \param place  in the parent, where it will be shown; empty if that is not known. OpenGL draws
+  ///               the first frame in the size that it has here
   /// \throws std::runtime_error  if the display gives no OpenGL context
-  explicit Viewer(QWidget* parent);
+  explicit Viewer(QWidget* parent, const QRect& place = QRect());
   /// Makes its own context current first, since that of another viewer may be.
   ~Viewer() override;
 
@@ -39,10 +41,9 @@ public:
   boost::shared_ptr<orvex::Tree> tree() const;
   /// Builds what the view needs for its tree. Asks for no repaint.
   void updateScene();
-  /// Makes what the first frame of a size needs, before the widget is shown, so that it stands at
-  /// once when the widget is shown in that size. Does nothing if the context can't be used before.
-  /// \param size  in units of the widget
-  void prepare(const QSize& size);
+  /// Makes what the first frame needs, before the widget is shown, so that it stands at once when
+  /// the widget is shown in its present size. Does nothing if the context can't be used before.
+  void prepare();
 
   /// Owned by the view, as is the camera.
   orvex::render::DisplaySettings* settings();

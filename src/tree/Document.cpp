@@ -2,6 +2,7 @@
 
 #include "foundation/system/LargePages.h"
 #include "tree/model/Tree.h"
+#include "tree/model/TreeDepth.h"
 #include "tree/model/TreeMemory.h"
 #include "tree/newick/NewickFile.h"
 #include "tree/newick/NewickReader.h"
@@ -18,19 +19,24 @@ void Document::read(const std::string& filename)
   }
   const Kelmar::System::LargePages pages;
   NewickReader reader;
-  const boost::shared_ptr<Tree> tree = reader(filename);
-  if (tree)
-  {
-    requireMemory(tree->getNumberOfNodes());
-  }
-  _tree = tree;
+  _take(reader(filename));
 }
 
 void Document::loadFromHalvane(int id)
 {
   const Kelmar::System::LargePages pages;
   Reader reader;
-  _tree = reader(id);
+  _take(reader(id));
+}
+
+void Document::_take(boost::shared_ptr<Tree> tree)
+{
+  if (tree)
+  {
+    requireRoomForDepth(depthOfTree(*tree));
+    requireMemory(tree->getNumberOfNodes());
+  }
+  _tree = tree;
 }
 
 } // namespace orvex

@@ -4,20 +4,22 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
 #include <utility>
 #include <vector>
 
-/// Keeps what is reported while it exists, and checks that within a stage no share falls.
+/// Keeps what is reported while it exists, and checks that the share of the whole never falls.
 struct HeardProgress : Kelmar::Progress::Listener
 {
-  using Stage = Kelmar::Progress::Stage;
-
-  void progress(Stage stage, double share) noexcept override
+  void progress(const Kelmar::Progress::Stage& stage, double share) noexcept override
   {
-    EXPECT_TRUE(reports.empty() || reports.back() <= std::pair(stage, share)) << share;
-    reports.emplace_back(stage, share);
+    EXPECT_LE(whole, stage.shareOfWhole(share)) << stage.text;
+    whole = stage.shareOfWhole(share);
+    reports.emplace_back(stage.text, share);
   }
 
-  std::vector<std::pair<Stage, double>> reports;
+  double whole = 0.0;
+  /// The stage's text and the share of it.
+  std::vector<std::pair<std::string, double>> reports;
   Kelmar::Progress::Listening listening{*this};
 };

@@ -16,9 +16,9 @@ namespace Detail
 namespace
 {
 
-using Kelmar::Progress::Stage;
 using Kelmar::Progress::Work;
 
+constexpr Kelmar::Progress::Stage writing{"Writing the tree", 0.0, 1.0};
 constexpr unsigned int mostChildren = 50;
 // Which share of the work it takes to choose the tree's shape.
 constexpr double shareOfGrowing = 0.3;
@@ -82,7 +82,7 @@ std::vector<TreeGenerator::Node> TreeGenerator::_grow(TreeShape shape, unsigned 
   nodes.reserve(std::size_t(2) * leaves);
   std::vector<unsigned int> open{0}; // the present leaves
   open.reserve(leaves);
-  Detail::Work work(Detail::Stage::Writing, leaves, 0.0, Detail::shareOfGrowing);
+  Detail::Work work(Detail::writing, leaves, 0.0, Detail::shareOfGrowing);
   do
   {
     const unsigned int count = static_cast<unsigned int>(open.size());
@@ -145,7 +145,7 @@ unsigned int TreeGenerator::_chooseChildren(TreeShape shape, unsigned int most)
 void TreeGenerator::_write(std::ostream& out, const std::vector<Node>& nodes, bool withLengths)
 {
   std::string text;
-  Detail::Work work(Detail::Stage::Writing, nodes.size(), Detail::shareOfGrowing);
+  Detail::Work work(Detail::writing, nodes.size(), Detail::shareOfGrowing);
   // A node and which of its children comes next.
   std::vector<std::pair<unsigned int, unsigned int>> open{{0, 0}};
   while (!open.empty() && out)

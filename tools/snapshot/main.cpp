@@ -6,7 +6,6 @@
 #include "gui/qt/ImageFile.h"
 #include "gui/qt/Strings.h"
 #include "render/gl/font/FreeType.h"
-#include "render/gl/scene/SceneDepth.h"
 #include "snapshot/Picture.h"
 #include "terminal/TerminalProgress.h"
 #include "tree/Document.h"
@@ -116,10 +115,6 @@ boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
   try
   {
     document->read(name);
-    if (document->getTree())
-    {
-      orvex::render::gl::requireShallow(*document->getTree());
-    }
   }
   catch (const std::exception& e)
   {

@@ -33,10 +33,9 @@ TerminalProgress::~TerminalProgress()
   }
 }
 
-void TerminalProgress::show(Kelmar::Progress::Stage stage, double share)
+void TerminalProgress::show(const Kelmar::Progress::Stage& stage, double share)
 {
-  std::fprintf(stderr, "%s%s: %.0f %%", Detail::emptyLine, Kelmar::Progress::textOf(stage),
-               share * 100.0);
+  std::fprintf(stderr, "%s%s: %.0f %%", Detail::emptyLine, stage.text, share * 100.0);
   _isShown = true;
 }
 

@@ -17,7 +17,7 @@ public:
   ~TerminalProgress() override;
 
 protected:
-  void show(Kelmar::Progress::Stage stage, double share) override;
+  void show(const Kelmar::Progress::Stage& stage, double share) override;
 
 private:
   bool _isShown = false;

@@ -113,7 +113,23 @@ unsigned long Curl::_writeData(void* buffer, unsigned long size, unsigned long c
     _output->write(bytes + written, static_cast<std::streamsize>(piece));
     written += piece;
   }
+  _report(total);
   return total;
+}
+
+void Curl::_report(std::uint64_t bytes)
+{
+  if (!_stage)
+  {
+    return;
+  }
+  if (!_work)
+  {
+    curl_off_t length = -1;
+    curl_easy_getinfo(_curl, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    _work.emplace(*_stage, length > 0 ? static_cast<std::size_t>(length) : _bodyLimit);
+  }
+  _work->done(bytes);
 }
 
 unsigned long Curl::_writeDataCB(void* buffer, unsigned long size, unsigned long count, void* user)

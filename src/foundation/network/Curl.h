@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/progress/Work.h"
+
 #include <boost/core/noncopyable.hpp>
 
 #include <curl/curl.h>
@@ -7,6 +9,7 @@
 #include <cstdint>
 #include <exception>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +32,11 @@ public:
        std::uint64_t bodyLimit = maximumBody);
   ~Curl();
 
+  /// From now on the bytes received are reported as work of a stage, as a share of the length that
+  /// the server tells, or of the longest body where it tells none.
+  /// \param stage  must outlive the transfer; null to report nothing
+  void reportAs(const Progress::Stage* stage) { _stage = stage; }
+
   /// Blocks until the transfer has ended.
   /// \throws std::runtime_error  if it failed, and whatever the stream threw
   void download();
@@ -36,6 +44,7 @@ public:
 private:
   void _configure(unsigned int timeoutMilliseconds);
   void _check(CURLcode code) const;
+  void _report(std::uint64_t bytes);
   [[noreturn]] void _fail(const std::string& reason) const;
   unsigned long _writeData(void* buffer, unsigned long size, unsigned long count);
   int _progress(double downloadTotal, double downloaded, double uploadTotal, double uploaded);
@@ -51,6 +60,8 @@ private:
   CURL* _curl = nullptr;
   std::uint64_t _bodyLimit;
   std::uint64_t _received = 0;
+  const Progress::Stage* _stage = nullptr;
+  std::optional<Progress::Work> _work; // from the first byte on
   // What a callback threw. libcurl calls it from C code, which no exception may pass.
   std::exception_ptr _failure;
 };

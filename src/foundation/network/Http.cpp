@@ -7,9 +7,11 @@ namespace Kelmar::Network
 
 Http::Http(const std::string& url) : _url(url) {}
 
-void Http::download(std::ostream* output, unsigned int timeoutMilliseconds)
+void Http::download(std::ostream* output, unsigned int timeoutMilliseconds,
+                    const Progress::Stage* stage)
 {
   Curl curl(_url, output, timeoutMilliseconds);
+  curl.reportAs(stage);
   curl.download();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/progress/Stage.h"
+
 #include <iosfwd>
 #include <string>
 
@@ -15,8 +17,11 @@ public:
   /// Blocks until the body is in the stream. An error status with a body is no failure.
   /// \param output               must not be null
   /// \param timeoutMilliseconds  for the whole transfer; 0 for none
+  /// \param stage                that the download is, for who hears of this thread's work; null to
+  ///                             report nothing. Must outlive the call
   /// \throws std::runtime_error  if the transfer fails
-  void download(std::ostream* output, unsigned int timeoutMilliseconds);
+  void download(std::ostream* output, unsigned int timeoutMilliseconds,
+                const Progress::Stage* stage = nullptr);
 
 private:
   std::string _url;

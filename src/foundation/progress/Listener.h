@@ -14,7 +14,7 @@ public:
   virtual ~Listener() = default;
 
   /// \param share  of the stage, from 0 to 1; within a stage it never falls
-  virtual void progress(Stage stage, double share) noexcept = 0;
+  virtual void progress(const Stage& stage, double share) noexcept = 0;
 };
 
 } // namespace Kelmar::Progress

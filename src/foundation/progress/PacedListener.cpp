@@ -3,7 +3,7 @@
 namespace Kelmar::Progress
 {
 
-void PacedListener::progress(Stage stage, double share) noexcept
+void PacedListener::progress(const Stage& stage, double share) noexcept
 {
   if (Clock::now() < _next)
   {
@@ -11,7 +11,7 @@ void PacedListener::progress(Stage stage, double share) noexcept
   }
   try
   {
-    show(stage, shareOfWhole(stage, share));
+    show(stage, stage.shareOfWhole(share));
   }
   catch (...)
   {

@@ -12,12 +12,12 @@ namespace Kelmar::Progress
 class PacedListener : public Listener
 {
 public:
-  void progress(Stage stage, double share) noexcept override;
+  void progress(const Stage& stage, double share) noexcept override;
 
 protected:
   /// \param share  of the whole work, from 0 to 1. An exception is dropped, as what is only shown
   ///               must not end the work
-  virtual void show(Stage stage, double share) = 0;
+  virtual void show(const Stage& stage, double share) = 0;
 
 private:
   using Clock = std::chrono::steady_clock;

@@ -3,22 +3,16 @@
 namespace Kelmar::Progress
 {
 
-/// The stages of opening a tree in their order, and of writing a generated one.
-enum class Stage
+/// A stage of a work.
+struct Stage
 {
-  Reading,
-  Layout,
-  Scene,
-  Picture,
-  Writing
+  /// What it does, in words for a user.
+  const char* text;
+  /// Which part of the whole work it is, from 0 to 1.
+  double begin, end;
+
+  /// How much of the whole work is done when \p share of the stage is done.
+  double shareOfWhole(double share) const { return begin + share * (end - begin); }
 };
-
-/// What a stage does, in words for a user.
-const char* textOf(Stage stage);
-
-/// How much of the whole work is done when \p share of a stage is done, both from 0 to 1. The whole
-/// is the opening of a tree, for Stage::Writing the stage itself. How long the stages of an opening
-/// take was measured, with a tree of a million leaves from a file.
-double shareOfWhole(Stage stage, double share);
 
 } // namespace Kelmar::Progress

@@ -18,7 +18,7 @@ constexpr std::size_t mostReports = 400;
 } // namespace
 } // namespace Detail
 
-Work::Work(Stage stage, std::size_t units, double begin, double end)
+Work::Work(const Stage& stage, std::size_t units, double begin, double end)
     : _stage(stage),
       _units(units),
       _begin(begin),

@@ -17,7 +17,7 @@ class Work : private boost::noncopyable
 public:
   /// \param units       how many there are; more do no harm
   /// \param begin, end  which part of the stage it is, from 0 to 1
-  Work(Stage stage, std::size_t units, double begin = 0.0, double end = 1.0);
+  Work(const Stage& stage, std::size_t units, double begin = 0.0, double end = 1.0);
   ~Work();
 
   /// So many units more are done.

@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QCursor>
 
-namespace Lumbra
+namespace Tools::Qt
 {
 
 /// Shows the wait cursor during its lifetime.
@@ -16,4 +16,4 @@ public:
   ~WaitCursor() { QApplication::restoreOverrideCursor(); }
 };
 
-} // namespace Lumbra
+} // namespace Tools::Qt

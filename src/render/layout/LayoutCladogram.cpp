@@ -1,6 +1,7 @@
 #include "render/layout/LayoutCladogram.h"
 
 #include "foundation/progress/Work.h"
+#include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace Detail
 namespace
 {
 
-using Kelmar::Progress::Stage;
 using Kelmar::Progress::Work;
 
 /// An elbow: along the parent's column to the child's height, then across to the child.
@@ -124,7 +124,7 @@ boost::intrusive_ptr<LayoutInfo2D> LayoutCladogram::layout(boost::shared_ptr<Tre
   const int root = tree->getRootNodeId();
   const unsigned int nodes = tree->getNumberOfNodes();
   const boost::intrusive_ptr<LayoutInfo2D> records(new LayoutInfo2D(nodes));
-  Detail::Work work(Detail::Stage::Layout, nodes, LayoutInfo2D::shareOfLayout);
+  Detail::Work work(OpeningStages::layout, nodes, LayoutInfo2D::shareOfLayout);
   Detail::LayoutInfo info{*tree, work, records};
   info.leafSpacing = 1.0 / tree->getNumberOfLeafNodes();
   info.maximumDepth = static_cast<unsigned int>(tree->findMaximumDepthToLeaf(root));

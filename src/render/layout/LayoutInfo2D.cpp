@@ -1,6 +1,7 @@
 #include "render/layout/LayoutInfo2D.h"
 
 #include "foundation/progress/Work.h"
+#include "tree/model/OpeningStages.h"
 
 #include <stdexcept>
 
@@ -9,8 +10,7 @@ namespace orvex::render
 
 LayoutInfo2D::LayoutInfo2D(unsigned int numberOfNodes)
 {
-  using Kelmar::Progress::Stage;
-  Kelmar::Progress::Work work(Stage::Layout, numberOfNodes, 0.0, shareOfLayout);
+  Kelmar::Progress::Work work(OpeningStages::layout, numberOfNodes, 0.0, shareOfLayout);
   _nodes.reserve(numberOfNodes);
   for (unsigned int i = 0; i < numberOfNodes; ++i)
   {

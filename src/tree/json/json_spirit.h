@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/progress/Work.h"
+
 #include <boost/variant.hpp>
 
 #include <nlohmann/json.hpp>
@@ -165,7 +167,10 @@ public:
   using Array = typename Config::Array_type;
   using Object = typename Config::Object_type;
 
-  Builder(Value& root, std::size_t mostValues) : _next(&root), _mostValues(mostValues) {}
+  Builder(Value& root, std::size_t mostValues, Kelmar::Progress::Work* work)
+      : _next(&root), _mostValues(mostValues), _work(work)
+  {
+  }
 
   bool null() { return _add(typename Value::Null()); }
   bool boolean(bool value) { return _add(value); }
@@ -174,7 +179,14 @@ public:
   bool number_float(double value, const std::string&) { return _add(value); }
   bool string(std::string& value) { return _add(std::move(value)); }
   bool binary(std::vector<std::uint8_t>&) { return false; }
-  bool start_object(std::size_t) { return _open<Object>(); }
+  bool start_object(std::size_t)
+  {
+    if (_work)
+    {
+      _work->done();
+    }
+    return _open<Object>();
+  }
   bool end_object() { return _close(); }
   bool start_array(std::size_t) { return _open<Array>(); }
   bool end_array() { return _close(); }
@@ -242,20 +254,22 @@ private:
   std::vector<Value*> _containers;
   std::size_t _mostValues;
   std::size_t _numberOfValues = 0;
+  Kelmar::Progress::Work* _work;
 };
 
 /// Enough for a tree of five million leaves. A value takes up to a hundred bytes, its text only
 /// two.
 constexpr std::size_t maximumValues = std::size_t(1) << 25;
 
+/// \param work  of which a unit is done for each object; may be null
 /// \return whether \p text is JSON; if not, \p value is null
 /// \throws std::runtime_error  if it has more than \p mostValues values
 template <class Config>
 bool read(const std::string& text, Value_impl<Config>& value,
-          std::size_t mostValues = maximumValues)
+          std::size_t mostValues = maximumValues, Kelmar::Progress::Work* work = nullptr)
 {
   value = Value_impl<Config>();
-  Builder<Config> builder(value, mostValues);
+  Builder<Config> builder(value, mostValues, work);
   if (nlohmann::json::sax_parse(text, &builder))
   {
     return true;

@@ -11,6 +11,18 @@
 
 namespace orvex
 {
+namespace Detail
+{
+namespace
+{
+
+// The deepest recursion is the scene's: to walk or to destroy one level of it takes three to six
+// frames. Measured in the whole program: 344 bytes a level in an optimised build, 1141 with the
+// sanitizers. The reader of the tree service's answers takes less.
+constexpr std::size_t bytesPerLevel = 1024 * Kelmar::System::stackFactor;
+
+} // namespace
+} // namespace Detail
 
 unsigned int depthOfTree(const Tree& tree)
 {
@@ -33,9 +45,9 @@ unsigned int depthOfTree(const Tree& tree)
   return deepest;
 }
 
-void requireRoomForDepth(unsigned int depth, std::size_t bytesPerLevel)
+void requireRoomForDepth(unsigned int depth)
 {
-  const auto most = static_cast<unsigned int>(Kelmar::System::stackRoom() / bytesPerLevel);
+  const auto most = static_cast<unsigned int>(Kelmar::System::stackRoom() / Detail::bytesPerLevel);
   if (depth > most)
   {
     throw std::runtime_error("The tree is " + std::to_string(depth) + " levels deep. At most " +

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-
 namespace orvex
 {
 
@@ -10,10 +8,11 @@ class Tree;
 /// The number of levels below the root; 0 for a tree without one. Counts without recursion.
 unsigned int depthOfTree(const Tree& tree);
 
-/// Refuses a depth that would overflow the stack of the main thread.
+/// Refuses a tree that is too deep to be shown, or to be made of the tree service's answer: the
+/// reader of such an answer, the layout, and the making, the walk and the end of the scene recurse
+/// once for each level.
 /// \param depth  number of levels below the root
-/// \param bytesPerLevel  what a recursion takes on the stack for each level
-/// \throws std::runtime_error  if the stack can't hold so many levels
-void requireRoomForDepth(unsigned int depth, std::size_t bytesPerLevel);
+/// \throws std::runtime_error  if the stack of the main thread, by its present limit, can't hold it
+void requireRoomForDepth(unsigned int depth);
 
 } // namespace orvex

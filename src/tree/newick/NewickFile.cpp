@@ -1,6 +1,7 @@
 #include "tree/newick/NewickFile.h"
 
 #include "foundation/progress/Work.h"
+#include "tree/model/OpeningStages.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 #include <boost/filesystem/convenience.hpp>
@@ -50,11 +51,10 @@ void readPieces(const std::string& filename, Take take)
 
 std::string readWithoutLineEnds(const std::string& filename)
 {
-  using Kelmar::Progress::Stage;
   const std::size_t size = boost::filesystem::file_size(boost::filesystem::path(filename));
   std::string text;
   text.reserve(size);
-  Kelmar::Progress::Work work(Stage::Reading, size, 0.0, NewickFile::shareOfReading);
+  Kelmar::Progress::Work work(OpeningStages::reading, size, 0.0, NewickFile::shareOfReading);
   readPieces(filename,
              [&](std::string_view piece)
              {

@@ -20,7 +20,7 @@ bool isNewickFile(const std::string& filename);
 class NewickFile
 {
 public:
-  /// Which share of Stage::Reading it takes to bring the bytes into memory.
+  /// Which share of OpeningStages::reading it takes to bring the bytes into memory.
   static constexpr double shareOfReading = 0.1;
 
   explicit NewickFile(std::string name) : _name(std::move(name)) {}

@@ -1,6 +1,7 @@
 #include "tree/newick/NewickReader.h"
 
 #include "foundation/progress/Work.h"
+#include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 #include "tree/newick/BadBranchLength.h"
 #include "tree/newick/NewickFile.h"
@@ -160,8 +161,7 @@ boost::shared_ptr<Tree> NewickReader::_parse(const std::string& contents, const 
 
 void NewickReader::_readEvents(const std::string& contents, std::size_t& position)
 {
-  using Kelmar::Progress::Stage;
-  Kelmar::Progress::Work work(Stage::Reading, contents.size(), NewickFile::shareOfReading);
+  Kelmar::Progress::Work work(OpeningStages::reading, contents.size(), NewickFile::shareOfReading);
   for (; position < contents.size(); ++position)
   {
     const char* text = contents.data() + position;

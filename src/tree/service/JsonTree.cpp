@@ -1,10 +1,10 @@
 #include "tree/service/JsonTree.h"
 
-#include "foundation/system/StackLimit.h"
+#include "foundation/progress/Work.h"
 #include "tree/json/json_spirit.h"
+#include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 #include "tree/model/TreeDepth.h"
-#include "tree/model/TreeMemory.h"
 #include "tree/service/BadJsonValue.h"
 
 #include <algorithm>
@@ -20,10 +20,6 @@ namespace
 
 using Value = json_spirit::Value_impl<json_spirit::Config_map<std::string>>;
 
-// For one level of createNode. It is more than createNode uses, and the same as for a level of the
-// scene, so that trees from files and from the service have the same greatest depth.
-constexpr std::size_t bytesPerLevel = 1024 * Kelmar::System::stackFactor;
-
 // Null if the value is no object or has no such key.
 const Value* find(const Value& value, const std::string& key)
 {
@@ -34,6 +30,14 @@ const Value* find(const Value& value, const std::string& key)
   }
   const auto found = object->find(key);
   return found == object->end() ? nullptr : &found->second;
+}
+
+// Reports, as it takes longer than to make the tree of it.
+bool read(const std::string& body, Value& document)
+{
+  const auto objects = std::count(body.begin(), body.end(), '{');
+  Kelmar::Progress::Work work(OpeningStages::readingAnswer, static_cast<std::size_t>(objects));
+  return json_spirit::read(body, document, json_spirit::maximumValues, &work);
 }
 
 // Levels below a node. A value that is no node counts as a leaf; createNode reports it.
@@ -120,7 +124,7 @@ boost::shared_ptr<Tree> readTree(std::string body, const std::string& url)
 {
   boost::shared_ptr<Tree> tree(new Tree);
   Detail::Value document;
-  if (!json_spirit::read(body, document))
+  if (!Detail::read(body, document))
   {
     throw std::runtime_error("The tree service did not answer with JSON, URL = " + url);
   }
@@ -130,10 +134,9 @@ boost::shared_ptr<Tree> readTree(std::string body, const std::string& url)
   {
     throw std::runtime_error("The tree service did not answer with a tree, URL = " + url);
   }
-  requireRoomForDepth(Detail::depthBelow(*root), Detail::bytesPerLevel);
+  requireRoomForDepth(Detail::depthBelow(*root));
   const int rootId = createNode(*root, tree);
   tree->setRootNodeId(rootId);
-  requireMemory(tree->getNumberOfNodes());
   return tree;
 }
 

@@ -1,6 +1,7 @@
 #include "tree/service/TreeService.h"
 
 #include "foundation/network/Http.h"
+#include "tree/model/OpeningStages.h"
 #include "tree/service/JsonTree.h"
 #include "tree/service/JsonTreeList.h"
 
@@ -37,12 +38,12 @@ protected:
 
 const char* const treeServiceUrl = ORVEX_TREE_SERVICE_URL;
 
-std::string downloadText(const std::string& url)
+std::string downloadText(const std::string& url, const Kelmar::Progress::Stage* stage)
 {
   Detail::StringBuffer buffer;
   std::ostream stream(&buffer);
   Kelmar::Network::Http http(url);
-  http.download(&stream, 0);
+  http.download(&stream, 0, stage);
   // A stream without memory discards its input; only its state tells so.
   if (!stream)
   {
@@ -62,7 +63,7 @@ boost::shared_ptr<Tree> downloadTreeFrom(const std::string& service, int id)
 {
   std::ostringstream url;
   url << service << "/trees/" << id;
-  return readTree(downloadText(url.str()), url.str());
+  return readTree(downloadText(url.str(), &OpeningStages::receiving), url.str());
 }
 
 } // namespace orvex

@@ -1,12 +1,15 @@
+#include "foundation/progress/PacedListener.h"
 #include "foundation/progress/Work.h"
 #include "support/HeardProgress.h"
-#include "support/Outcome.h"
 
+#include <chrono>
 #include <thread>
 
 using Kelmar::Progress::Listening;
 using Kelmar::Progress::Stage;
 using Kelmar::Progress::Work;
+
+constexpr Stage secondHalf{"second half", 0.5, 1.0};
 
 TEST(ProgressTest, RisesFromItsBeginToItsEndInFourHundredReports)
 {
@@ -23,29 +26,16 @@ TEST(ProgressTest, RisesFromItsBeginToItsEndInFourHundredReports)
     SCOPED_TRACE(units * 10 + step);
     HeardProgress heard;
     {
-      Work work(Stage::Scene, units, 0.25, 0.75);
+      Work work(secondHalf, units, 0.25, 0.75);
       for (std::size_t i = 0; i < steps; ++i)
       {
         work.done(step);
       }
     }
-    EXPECT_EQ(heard.reports.front(), std::pair(Stage::Scene, 0.25));
-    EXPECT_EQ(heard.reports.back(), std::pair(Stage::Scene, 0.75));
+    EXPECT_EQ(heard.reports.front(), std::pair(std::string(secondHalf.text), 0.25));
+    EXPECT_EQ(heard.reports.back(), std::pair(std::string(secondHalf.text), 0.75));
     EXPECT_NEAR(double(heard.reports.size()), reports, reports / 100);
   }
-}
-
-TEST(ProgressTest, AnExceptionEndsItWithoutItsEnd)
-{
-  HeardProgress heard;
-  const auto fails = []
-  {
-    Work work(Stage::Reading, 100);
-    work.done(50);
-    throw std::runtime_error("half");
-  };
-  EXPECT_EQ(errorOf(fails), "half");
-  EXPECT_EQ(heard.reports.back().second, 0.5);
 }
 
 TEST(ProgressTest, IsHeardByTheInnermostListenerOfItsThread)
@@ -53,30 +43,31 @@ TEST(ProgressTest, IsHeardByTheInnermostListenerOfItsThread)
   HeardProgress outer;
   std::size_t innerReports = 0;
   {
-    Work work(Stage::Layout, 10);
+    Work work(secondHalf, 10);
     {
       HeardProgress inner;
       work.done(3);
       innerReports = inner.reports.size();
     }
-    std::thread([] { Work(Stage::Picture, 10).done(5); }).join();
+    std::thread([] { Work(secondHalf, 10).done(5); }).join();
     work.done(3);
   }
   EXPECT_EQ(innerReports, 1);
-  EXPECT_THAT(outer.reports,
-              testing::ElementsAre(std::pair(Stage::Layout, 0.0), std::pair(Stage::Layout, 0.6),
-                                   std::pair(Stage::Layout, 1.0)));
+  const std::string text = secondHalf.text;
+  EXPECT_THAT(outer.reports, testing::ElementsAre(std::pair(text, 0.0), std::pair(text, 0.6),
+                                                  std::pair(text, 1.0)));
 }
 
-TEST(ProgressTest, TheStagesOfAnOpeningFollowEachOther)
+TEST(ProgressTest, IsShownFromHalfASecondOnAsAShareOfTheWhole)
 {
-  using Kelmar::Progress::shareOfWhole;
-  double end = 0.0;
-  for (const Stage stage : {Stage::Reading, Stage::Layout, Stage::Scene, Stage::Picture})
+  struct : Kelmar::Progress::PacedListener
   {
-    EXPECT_EQ(shareOfWhole(stage, 0.0), end);
-    EXPECT_GT(shareOfWhole(stage, 0.5), end);
-    end = shareOfWhole(stage, 1.0);
-  }
-  EXPECT_EQ(end, 1.0);
+    void show(const Stage&, double share) override { shown.push_back(share); }
+    std::vector<double> shown;
+  } listener;
+  listener.progress(secondHalf, 0.2);
+  EXPECT_EQ(listener.shown.size(), 0);
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  listener.progress(secondHalf, 0.5);
+  EXPECT_THAT(listener.shown, testing::ElementsAre(0.75));
 }

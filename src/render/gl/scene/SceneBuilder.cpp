@@ -5,6 +5,7 @@
 #include "render/gl/scene/RenderNode.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/layout/LayoutInfo2D.h"
+#include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 
 #include <algorithm>
@@ -19,7 +20,6 @@ namespace Detail
 namespace
 {
 
-using Kelmar::Progress::Stage;
 using Kelmar::Progress::Work;
 
 // Which share of the scene the labels take.
@@ -73,7 +73,7 @@ boost::intrusive_ptr<RenderTaxonLabels> buildLabels(Tree& tree, LayoutInfo2D& la
   std::vector<int> leaves;
   tree.getLeafNodes(tree.getRootNodeId(), leaves);
   labels->reserve(leaves.size());
-  Work work(Stage::Scene, leaves.size(), 0.0, shareOfLabels);
+  Work work(OpeningStages::scene, leaves.size(), 0.0, shareOfLabels);
   for (const int leaf : leaves)
   {
     Point2D<double> position = layout.layoutInfoForNode(leaf).position;
@@ -106,7 +106,7 @@ void SceneBuilder::buildScene(boost::intrusive_ptr<LayoutInfo2D> layout)
   _maximumTextLength = Detail::widthInPixels(labels->boundingBox());
   const boost::intrusive_ptr<Group> root(new Group);
   root->addChild(labels);
-  Detail::Work work(Detail::Stage::Scene, _tree->getNumberOfNodes(), Detail::shareOfLabels);
+  Detail::Work work(OpeningStages::scene, _tree->getNumberOfNodes(), Detail::shareOfLabels);
   const Detail::Lines lines{_tree, layout, work, new LineStrip({}), layout->refCount() == 1};
   root->addChild(Detail::buildRenderNode(_tree->getRootNodeId(), lines));
   _root = root;

@@ -16,6 +16,7 @@
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/gl/view/ThumbnailPicture.h"
 #include "render/layout/LayoutCladogram.h"
+#include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 
 #include <boost/core/noncopyable.hpp>
@@ -221,7 +222,7 @@ void ViewCladogram::_drawThumbnailImage()
     const boost::intrusive_ptr<State> state(new State(pass));
     // All nodes are visited, then all are drawn.
     const std::size_t nodes = tree() ? tree()->getNumberOfNodes() : 0;
-    Kelmar::Progress::Work work(Kelmar::Progress::Stage::Picture, 2 * nodes);
+    Kelmar::Progress::Work work(OpeningStages::picture, 2 * nodes);
     state->work(&work);
     _cullAndDraw(*state, false);
   }
