@@ -64,8 +64,9 @@ void RenderTaxonLabels::findTextForLevel(unsigned int level, const State& state,
   const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
   // No label is larger than the common box; one pixel more allows for rounding.
   const std::size_t end =
-      _column.firstBelow(minimumY - _boundingBox.maximum.y - 1.0, localToScreen);
-  std::size_t i = _column.firstBelow(maximumY - _boundingBox.minimum.y + 1.0, localToScreen);
+      _column.firstBelowWindowRow(minimumY - _boundingBox.maximum.y - 1.0, localToScreen);
+  std::size_t i =
+      _column.firstBelowWindowRow(maximumY - _boundingBox.minimum.y + 1.0, localToScreen);
   i = i == 0 ? kept.find_first() : kept.find_next(i - 1);
   for (; i < end; i = kept.find_next(i))
   {
