@@ -2,6 +2,7 @@
 
 #include "foundation/counted/InstanceManager.h"
 
+#include <boost/io/ios_state.hpp>
 #include <boost/thread/lock_guard.hpp>
 
 #include <iostream>
@@ -39,6 +40,8 @@ void report(const Pieces&... pieces) noexcept
 {
   try
   {
+    const boost::io::ios_flags_saver flags(std::cout);
+    std::cout.flags(std::ios_base::dec);
     (std::cout << ... << pieces) << "\n" << std::flush;
   }
   catch (...)
@@ -104,50 +107,71 @@ unsigned long Careful::refCount() const
   return _refCount;
 }
 
+// In ref and unref no lock is held when typeName() is called, which may count objects itself.
 void Careful::ref()
 {
   ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
-  const Detail::Lock lock(shard.lock());
-  if (_refCount == std::numeric_limits<unsigned long>::max())
+  unsigned long count = 0;
+  State state = State::Named;
+  {
+    const Detail::Lock lock(shard.lock());
+    count = _refCount;
+    state = count == 0 ? shard.state(*this) : state;
+    if (count != std::numeric_limits<unsigned long>::max() && state != State::Doomed)
+    {
+      ++_refCount;
+    }
+    // The most derived type is known only now: in the constructor, the type was that of the base.
+    if (state == State::Unnamed && ::Helper::instanceManager.knows(typeid(*this)))
+    {
+      state = State::Named;
+      shard.state(*this, state);
+    }
+  }
+  if (count == std::numeric_limits<unsigned long>::max())
   {
     throw std::runtime_error("Error 4544591930: " + _describe() + ", attempting to increment '" +
                              Detail::nameOf(typeid(_refCount)) + "' with a value of " +
-                             std::to_string(_refCount) + " will overflow");
+                             std::to_string(count) + " will overflow");
   }
-  if (_refCount == 0)
+  if (state == State::Doomed)
   {
-    if (shard.state(*this) == State::Doomed)
-    {
-      throw std::runtime_error(
-          "Error 3162870490: " + _describe() +
-          ", attempting to reference an object that has been marked for deletion");
-    }
-    // The most derived type is known only now: in the constructor, the type was that of the base.
-    ::Helper::instanceManager.storeType(*this, shard);
+    throw std::runtime_error(
+        "Error 3162870490: " + _describe() +
+        ", attempting to reference an object that has been marked for deletion");
   }
-  ++_refCount;
+  if (state == State::Unnamed && ::Helper::instanceManager.learnName(*this))
+  {
+    const Detail::Lock lock(shard.lock());
+    shard.state(*this, State::Named);
+  }
 }
 
 void Careful::unref(bool allowDeletion)
 {
+  bool wasHeld = false;
+  bool isDoomed = false;
   {
     ::Helper::InstanceShard& shard = ::Helper::instanceManager.shardOf(*this);
     const Detail::Lock lock(shard.lock());
-    if (_refCount == 0)
-    {
-      throw std::runtime_error(
-          shard.state(*this) == State::Doomed
-              ? "Error 3760700259: " + _describe() +
-                    ", attempting to dereference an object that has been marked for deletion"
-              : "Error 1107142984: " + _describe() +
-                    ", attempting to decrement a reference count that is already zero");
-    }
-    --_refCount;
-    if (_refCount != 0 || !allowDeletion)
+    wasHeld = _refCount != 0;
+    if (wasHeld && (--_refCount != 0 || !allowDeletion))
     {
       return;
     }
-    shard.state(*this, State::Doomed);
+    isDoomed = shard.state(*this) == State::Doomed;
+    if (wasHeld)
+    {
+      shard.state(*this, State::Doomed);
+    }
+  }
+  if (!wasHeld)
+  {
+    throw std::runtime_error(
+        isDoomed ? "Error 3760700259: " + _describe() +
+                       ", attempting to dereference an object that has been marked for deletion"
+                 : "Error 1107142984: " + _describe() +
+                       ", attempting to decrement a reference count that is already zero");
   }
   _delete();
 }

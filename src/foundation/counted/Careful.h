@@ -54,6 +54,8 @@ private:
   unsigned long _refCount = 0;
 };
 
+static_assert(sizeof(Careful) == 16);
+
 /// What boost::intrusive_ptr calls. A null object is an error here, since a member function can't
 /// test for it.
 void intrusive_ptr_add_ref(Careful* object);

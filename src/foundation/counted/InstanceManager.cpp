@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <new>
 #include <sstream>
+#include <utility>
 
 namespace Helper
 {
@@ -49,29 +50,42 @@ InstanceManager::~InstanceManager()
   }
 }
 
-void InstanceManager::storeType(const Kelmar::Base::Ref::Careful& object, InstanceShard& shard)
+std::atomic<const std::type_info*>& InstanceManager::_placeOf(const std::type_info& type)
 {
-  // All objects of a class have the same name, so only the first one is asked.
-  const std::type_info* type = &typeid(object);
-  auto& place =
-      _named[reinterpret_cast<std::uintptr_t>(type) / alignof(std::type_info) % _named.size()];
+  const auto address = reinterpret_cast<std::uintptr_t>(&type);
+  return _named[address / alignof(std::type_info) % _named.size()];
+}
+
+bool InstanceManager::knows(const std::type_info& type)
+{
+  auto& place = _placeOf(type);
+  if (place.load(std::memory_order_relaxed) == &type)
+  {
+    return true;
+  }
+  const Detail::Lock lock(_typeNamesMutex);
+  const bool isKnown = _typeNames.count(&type) != 0;
+  if (isKnown)
+  {
+    place.store(&type, std::memory_order_relaxed);
+  }
+  return isKnown;
+}
+
+bool InstanceManager::learnName(const Kelmar::Base::Ref::Careful& object)
+{
   // Until its first reference is counted, the caller holds the object by a plain pointer, so that
   // an exception here would leak it. The name is needed for reports only.
   try
   {
-    if (place.load(std::memory_order_relaxed) != type)
-    {
-      const Detail::Lock lock(_typeNamesMutex);
-      if (_typeNames.find(type) == _typeNames.end())
-      {
-        _typeNames.emplace(type, object.typeName());
-      }
-      place.store(type, std::memory_order_relaxed);
-    }
-    shard.state(object, InstanceShard::State::Named);
+    std::string name = object.typeName();
+    const Detail::Lock lock(_typeNamesMutex);
+    _typeNames.emplace(&typeid(object), std::move(name));
+    return true;
   }
   catch (const std::bad_alloc&)
   {
+    return false;
   }
 }
 

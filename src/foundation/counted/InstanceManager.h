@@ -40,19 +40,24 @@ public:
     return _shards[InstanceShard::indexOf(object, _shards.size())];
   }
 
-  /// Stores the object's typeName() in its shard, whose lock the caller holds; without memory for
-  /// it the name stays empty.
-  void storeType(const Kelmar::Base::Ref::Careful& object, InstanceShard& shard);
+  /// Whether the name of a class is stored.
+  bool knows(const std::type_info& type);
+  /// Stores the name of the object's class. Calls its typeName(), which may itself count objects,
+  /// so no lock may be held. \return false if there is no memory for it
+  bool learnName(const Kelmar::Base::Ref::Careful& object);
   /// The typeName() of the objects of a class; empty if none was stored.
   std::string nameOf(const std::type_info& type) const;
 
   std::size_t numberOfObjects() const;
 
   /// A copy of the table: each live object's address and type name, which is empty before the
-  /// object's first reference. In the order of the addresses.
+  /// object's first reference. In the order of the addresses. To be called while no other thread
+  /// deletes an object, since the objects are asked for their classes.
   Objects objects() const;
 
 private:
+  std::atomic<const std::type_info*>& _placeOf(const std::type_info& type);
+
   std::array<InstanceShard, 64> _shards;
   std::map<const std::type_info*, std::string> _typeNames;
   mutable boost::mutex _typeNamesMutex;

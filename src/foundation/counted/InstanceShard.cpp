@@ -1,5 +1,7 @@
 #include "foundation/counted/InstanceShard.h"
 
+#include "foundation/counted/Careful.h"
+
 namespace Helper
 {
 
@@ -7,12 +9,13 @@ using Kelmar::Base::Ref::Careful;
 
 InstanceShard::State InstanceShard::remove(const Careful& object)
 {
+  static_assert(alignof(Careful) == std::size_t(1) << _slotBits, "two objects share no slot");
   Chunk& chunk = _chunk(object);
-  const State last = _exchange(chunk, _addressOf(object), State::None);
+  const State last = chunk.exchange(_slotOf(object), State::None);
   --_numberOfObjects;
   if (--chunk.numberOfObjects == 0)
   {
-    _chunks.erase(_lastNumber);
+    _chunks.erase(_numberOf(object));
     _lastChunk = nullptr;
   }
   return last;
@@ -24,7 +27,7 @@ void InstanceShard::list(States& states) const
   {
     for (std::size_t slot = 0; slot < _slots; ++slot)
     {
-      const auto state = static_cast<State>(chunk->states[slot / 4] >> (slot % 4 * 2) & 3);
+      const State state = chunk->get(slot);
       if (state != State::None)
       {
         const std::uintptr_t address = (number << _chunkBits) + (slot << _slotBits);

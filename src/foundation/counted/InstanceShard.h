@@ -40,7 +40,7 @@ public:
   /// The part of the address space that contains an object.
   static std::size_t indexOf(const Kelmar::Base::Ref::Careful& object, std::size_t shards)
   {
-    return (_addressOf(object) >> _chunkBits) % shards;
+    return _numberOf(object) % shards;
   }
 
   SpinLock& lock() const { return _lock; }
@@ -50,7 +50,7 @@ public:
   void add(const Kelmar::Base::Ref::Careful& object)
   {
     Chunk& chunk = _chunk(object);
-    _exchange(chunk, _addressOf(object), State::Unnamed);
+    chunk.exchange(_slotOf(object), State::Unnamed);
     ++chunk.numberOfObjects;
     ++_numberOfObjects;
   }
@@ -60,12 +60,11 @@ public:
   /// The object must have been added.
   State state(const Kelmar::Base::Ref::Careful& object)
   {
-    const std::uintptr_t slot = _addressOf(object) >> _slotBits;
-    return static_cast<State>(_chunk(object).states[slot % _slots / 4] >> (slot % 4 * 2) & 3);
+    return _chunk(object).get(_slotOf(object));
   }
   void state(const Kelmar::Base::Ref::Careful& object, State state)
   {
-    _exchange(_chunk(object), _addressOf(object), state);
+    _chunk(object).exchange(_slotOf(object), state);
   }
 
   std::size_t numberOfObjects() const { return _numberOfObjects; }
@@ -79,11 +78,28 @@ private:
   static constexpr unsigned int _chunkBits = 20;
   static constexpr std::size_t _slots = std::size_t(1) << (_chunkBits - _slotBits);
 
-  /// Two bits for each slot, four slots a byte.
+  /// Two bits for each slot, four slots a byte. An array of bits takes twice as long.
   struct Chunk
   {
+    State get(std::size_t slot) const
+    {
+      return static_cast<State>(states[slot / 4] >> _shiftOf(slot) & 3);
+    }
+    /// \return the state until now
+    State exchange(std::size_t slot, State state)
+    {
+      const State last = get(slot);
+      const unsigned int others = states[slot / 4] & ~(3u << _shiftOf(slot));
+      const unsigned int own = static_cast<unsigned int>(state) << _shiftOf(slot);
+      states[slot / 4] = static_cast<unsigned char>(others | own);
+      return last;
+    }
+
     std::array<unsigned char, _slots / 4> states{};
     std::size_t numberOfObjects = 0;
+
+  private:
+    static unsigned int _shiftOf(std::size_t slot) { return slot % 4 * 2; }
   };
 
   static std::uintptr_t _addressOf(const Kelmar::Base::Ref::Careful& object)
@@ -91,32 +107,29 @@ private:
     return reinterpret_cast<std::uintptr_t>(&object);
   }
 
+  static std::size_t _slotOf(const Kelmar::Base::Ref::Careful& object)
+  {
+    return (_addressOf(object) >> _slotBits) % _slots;
+  }
+  static std::uintptr_t _numberOf(const Kelmar::Base::Ref::Careful& object)
+  {
+    return _addressOf(object) >> _chunkBits;
+  }
+
   // Only a new object can need memory.
   Chunk& _chunk(const Kelmar::Base::Ref::Careful& object)
   {
-    const std::uintptr_t number = _addressOf(object) >> _chunkBits;
+    const std::uintptr_t number = _numberOf(object);
     return _lastChunk && number == _lastNumber ? *_lastChunk : _findChunk(number);
   }
   Chunk& _findChunk(std::uintptr_t number);
-  static State _exchange(Chunk& chunk, std::uintptr_t address, State state);
 
   std::unordered_map<std::uintptr_t, std::unique_ptr<Chunk>> _chunks;
+  // The chunk that was used last, or null.
   std::uintptr_t _lastNumber = 0;
   Chunk* _lastChunk = nullptr;
   std::size_t _numberOfObjects = 0;
   mutable SpinLock _lock;
 };
-
-inline InstanceShard::State InstanceShard::_exchange(Chunk& chunk, std::uintptr_t address,
-                                                     State state)
-{
-  const std::uintptr_t slot = address >> _slotBits;
-  unsigned char& four = chunk.states[slot % _slots / 4];
-  const unsigned int shift = slot % 4 * 2;
-  const auto last = static_cast<State>(four >> shift & 3);
-  four = static_cast<unsigned char>((four & ~(3u << shift)) | static_cast<unsigned int>(state)
-                                                                  << shift);
-  return last;
-}
 
 } // namespace Helper

@@ -8,8 +8,11 @@
 namespace Helper
 {
 
-/// A lock for a few instructions, to be held by boost::lock_guard. Half as expensive as a mutex
-/// where no other thread wants it; a thread that has to wait tries again and again.
+/// A lock to be held by boost::lock_guard, half as expensive as a mutex where nobody waits for it.
+///
+/// The viewer has one thread, so there nobody ever waits; the lock keeps the promise of the counted
+/// objects to programs with several. It is held for a few instructions, or while memory for the
+/// registry is allocated. Who has to wait lets other threads run and tries again.
 class SpinLock : private boost::noncopyable
 {
 public:

@@ -28,7 +28,9 @@ void LargePages::prefer()
   using SetDefault = void (*)(mi_option_t, long);
   const auto setDefault =
       reinterpret_cast<SetDefault>(dlsym(RTLD_DEFAULT, "mi_option_set_default"));
-  if (setDefault)
+  // Who started the process without large pages meant it.
+  const bool areForbidden = prctl(PR_GET_THP_DISABLE, 0, 0, 0, 0) == 1;
+  if (setDefault && !areForbidden)
   {
     setDefault(mi_option_large_os_pages, 1);
     Detail::arePreferred = true;

@@ -49,6 +49,46 @@ TEST(CountedObject, IsCopiedWithoutItsReferencesAndLeavesTheRegistryFromAnyPlace
   EXPECT_EQ(Helper::instanceManager.objects().size(), before + 3);
 }
 
+TEST(CountedObject, IsFoundAgainWhereverItLies)
+{
+  const std::size_t before = Helper::instanceManager.numberOfObjects();
+  const auto types = [] { return Helper::instanceManager.objects(); };
+  // So far apart that their records share the lock, but not the memory.
+  constexpr std::size_t distance = std::size_t(64) << 20;
+  const std::unique_ptr<char[]> memory(new char[distance + sizeof(Object)]);
+  auto* low = new (memory.get()) Object;
+  auto* high = new (memory.get() + distance) Object;
+  low->ref();
+  EXPECT_EQ(types().at(low), typeid(Object).name());
+  EXPECT_EQ(types().at(high), "");
+  outputOf([&] { low->~Object(); });
+  EXPECT_EQ(types().count(low), 0u);
+  high->ref();
+  EXPECT_EQ(types().at(high), typeid(Object).name());
+  outputOf([&] { high->~Object(); });
+  EXPECT_EQ(Helper::instanceManager.numberOfObjects(), before);
+}
+
+TEST(CountedObject, MayCountOthersWhereItNamesItsType)
+{
+  struct Namer : Object
+  {
+    std::string typeName() const override
+    {
+      other.ref();
+      other.unref(false);
+      return "Namer";
+    }
+    mutable Object other; // of the same mebibyte, so of the same lock
+  };
+  auto* object = new Namer;
+  object->ref();
+  EXPECT_EQ(Helper::instanceManager.objects().at(object), "Namer");
+  object->unref(false);
+  EXPECT_THAT(errorOf([&] { object->unref(); }), testing::HasSubstr("type 'Namer', attempting"));
+  outputOf([&] { delete object; });
+}
+
 TEST(CountedObject, RefusesToBeReleasedMoreOftenThanItIsHeld)
 {
   const boost::intrusive_ptr<Object> object(new Object);
@@ -122,12 +162,15 @@ TEST(CountedObject, TellsWhatItsDestructorThrows)
 TEST(CountedObject, LogsThatItWasDeletedByHand)
 {
   auto* object = new Object;
-  object->ref();
+  for (int i = 0; i < 17; ++i)
+  {
+    object->ref();
+  }
   EXPECT_THAT(
-      outputOf([&] { delete object; }),
+      outputOf([&] { std::cout << std::hex, delete object, std::cout << std::dec; }),
       MatchesRegex(
           "Error 2592561907: Deleting object 0x[0-9a-f]+ which has not been marked for "
-          "deletion\nError 2427831854: Deleting object 0x[0-9a-f]+ with reference count 1\n"));
+          "deletion\nError 2427831854: Deleting object 0x[0-9a-f]+ with reference count 17\n"));
 }
 
 TEST(InstanceReportDeathTest, ListsWhatIsLeftAtExitAndNothingElse)
