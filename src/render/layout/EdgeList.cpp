@@ -1,6 +1,7 @@
 #include "render/layout/EdgeList.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
@@ -18,6 +19,9 @@ constexpr unsigned char vertex = 1;
 constexpr unsigned char beginsEdge = 2;
 constexpr unsigned char hasX = 4;
 constexpr unsigned char hasY = 8;
+constexpr unsigned char isAtLeaves = 16; // x is that of the leaves
+
+constexpr double columnOfLeaves = 1.0;
 
 } // namespace
 } // namespace Detail
@@ -26,21 +30,31 @@ EdgeList::EdgeList(const EdgeList& other)
 {
   if (!other.empty())
   {
+    const unsigned char* const first = other._memory.get() + headroom;
     Reader reader(other);
     while (reader.next())
     {
     }
-    const unsigned char* first = other._bytes.get();
-    const unsigned char* last = reader._next + 1; // with the mark of the end
-    _bytes.reset(new unsigned char[static_cast<std::size_t>(last - first)]);
-    std::copy(first, last, _bytes.get());
+    _memory.reset(_copy(first, static_cast<std::size_t>(reader._next - first) + 1)); // with the end
   }
 }
 
 EdgeList& EdgeList::operator=(EdgeList other) noexcept
 {
-  std::swap(_bytes, other._bytes);
+  std::swap(_memory, other._memory);
   return *this;
+}
+
+unsigned char* EdgeList::_copy(const unsigned char* bytes, std::size_t size)
+{
+  auto* const memory = static_cast<unsigned char*>(::operator new(headroom + size));
+  std::copy_n(bytes, size, memory + headroom);
+  return memory;
+}
+
+unsigned char* EdgeList::release()
+{
+  return _memory ? _memory.release() : _copy(&Detail::end, 1);
 }
 
 bool EdgeList::Reader::next()
@@ -56,6 +70,7 @@ bool EdgeList::Reader::next()
     _vertex = _start;
   }
   _vertex.x = (code & Detail::hasX) ? _number() : _vertex.x;
+  _vertex.x = (code & Detail::isAtLeaves) ? Detail::columnOfLeaves : _vertex.x;
   _vertex.y = (code & Detail::hasY) ? _number() : _vertex.y;
   if (_beginsEdge)
   {
@@ -79,10 +94,12 @@ void EdgeList::Writer::add(const Edge2D& edge)
   _previous = _start;
   for (const Point& point : _points)
   {
-    const bool isNewX = point.x != _previous.x;
+    const bool isAtLeaves = point.x == Detail::columnOfLeaves;
+    const bool isNewX = point.x != _previous.x && !isAtLeaves;
     const bool isNewY = point.y != _previous.y;
-    _bytes.push_back(static_cast<unsigned char>(
-        Detail::vertex | begins | (isNewX ? Detail::hasX : 0) | (isNewY ? Detail::hasY : 0)));
+    _bytes.push_back(
+        static_cast<unsigned char>(Detail::vertex | begins | (isAtLeaves ? Detail::isAtLeaves : 0) |
+                                   (isNewX ? Detail::hasX : 0) | (isNewY ? Detail::hasY : 0)));
     _write(point.x, isNewX);
     _write(point.y, isNewY);
     begins = 0;
@@ -95,9 +112,9 @@ void EdgeList::Writer::_write(double number, bool isNew)
 {
   if (isNew)
   {
-    const std::size_t size = _bytes.size();
-    _bytes.resize(size + sizeof number);
-    std::memcpy(_bytes.data() + size, &number, sizeof number);
+    std::array<unsigned char, sizeof number> bytes{};
+    std::memcpy(bytes.data(), &number, sizeof number);
+    _bytes.insert(_bytes.end(), bytes.begin(), bytes.end());
   }
 }
 
@@ -107,8 +124,7 @@ EdgeList EdgeList::Writer::finish()
   if (!_bytes.empty())
   {
     _bytes.push_back(Detail::end);
-    edges._bytes.reset(new unsigned char[_bytes.size()]);
-    std::copy(_bytes.begin(), _bytes.end(), edges._bytes.get());
+    edges._memory.reset(_copy(_bytes.data(), _bytes.size()));
     _bytes.clear();
   }
   _start = {0.0, 0.0};

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace orvex::render
@@ -16,12 +17,19 @@ namespace orvex::render
 /// allocation; without edges, in none.
 ///
 /// Every inner node of a tree has such a list, so it is kept small: a coordinate that equals that
-/// of the vertex before it is left out, and a line begins from the vertex where the line before it
-/// began. Of an elbow to a child, only the row of its corner and the column of its end are stored.
+/// of the vertex before it is left out, as is the column of the leaves, and a line begins from the
+/// vertex where the line before it began. Of an elbow to a child, only the row of its corner and
+/// the column of its end are stored; of one to a leaf, the row alone.
+///
+/// The memory has room for an object before the edges. Who takes it over can be built there, and
+/// has its edges in its own allocation.
 class EdgeList
 {
 public:
   using Point = Point2D<double>;
+
+  /// So many bytes are free before the packed edges.
+  static constexpr std::size_t headroom = 16;
 
   EdgeList() = default;
   EdgeList(const EdgeList& other);
@@ -29,13 +37,18 @@ public:
   EdgeList& operator=(EdgeList other) noexcept;
   ~EdgeList() = default;
 
-  bool empty() const { return !_bytes; }
+  bool empty() const { return !_memory; }
+  /// Gives the memory up, which is then to be freed by operator delete; the list is empty. Without
+  /// edges it is new memory, too.
+  unsigned char* release();
 
   /// Reads the vertices of all edges, one after the other. Must not outlive its list.
   class Reader
   {
   public:
-    explicit Reader(const EdgeList& edges) : _next(edges._bytes.get()) {}
+    explicit Reader(const EdgeList& edges) : Reader(edges._memory.get()) {}
+    /// \param memory  of a list, with its headroom; null for one without edges
+    explicit Reader(const unsigned char* memory) : _next(memory ? memory + headroom : nullptr) {}
 
     /// Steps to the next vertex. \return false after the last one
     bool next();
@@ -72,7 +85,14 @@ public:
   };
 
 private:
-  std::unique_ptr<unsigned char[]> _bytes;
+  struct Free
+  {
+    void operator()(unsigned char* memory) const { ::operator delete(memory); }
+  };
+
+  static unsigned char* _copy(const unsigned char* bytes, std::size_t size);
+
+  std::unique_ptr<unsigned char, Free> _memory;
 };
 
 } // namespace orvex::render

@@ -8,6 +8,8 @@
 namespace orvex::render
 {
 
+static_assert(sizeof(NodeLayoutInfo) == 80);
+
 LayoutInfo2D::LayoutInfo2D(unsigned int numberOfNodes)
 {
   Kelmar::Progress::Work work(OpeningStages::layout, numberOfNodes, 0.0, shareOfLayout);

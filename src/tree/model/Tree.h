@@ -91,6 +91,7 @@ private:
     // More of them are in a list, whose index is then the first number.
     std::array<int, 2> children{};
   };
+  static_assert(sizeof(Node) == 24);
 
   const Node& _node(int id) const { return _nodes[static_cast<std::size_t>(id)]; }
   Node& _node(int id) { return _nodes[static_cast<std::size_t>(id)]; }

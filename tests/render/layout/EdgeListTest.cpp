@@ -23,7 +23,7 @@ TEST(EdgeList, GivesBackTheEdgesItWasMadeOf)
   const Lines lines{{{0.1, 0.2}, {0.1, 0.7}, {0.9, 0.7}},
                     {{0.1, 0.2}, {0.0, 0.0}},
                     {{0.0, -3e300}},
-                    {{5.0, -3e300}, {5.0, 1e-300}, {5.0, 0.0}},
+                    {{5.0, -3e300}, {5.0, 1e-300}, {1.0, 1e-300}, {1.0, 0.0}, {5.0, 0.0}},
                     {{5.0, 0.0}, {5.0, 0.0}}};
   Lines given = lines;
   given.insert(given.begin() + 1, Polyline::Points{}); // adds nothing

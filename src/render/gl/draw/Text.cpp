@@ -22,9 +22,11 @@ constexpr float corners[8] = {0, 1, 1, 1, 1, 0, 0, 0};
 } // namespace
 } // namespace Detail
 
+static_assert(sizeof(Text) == 80);
+
 Text::Text(const Point2D<double>& position, const std::string& text,
            const boost::intrusive_ptr<Font>& font)
-    : _position(position), _font(font), _text(text)
+    : _position(position), _font(font), _text(text.data(), text.size())
 {
   _forEachQuad(
       [this](const Quad& quad)

@@ -6,6 +6,7 @@
 #include "render/layout/Box2D.h"
 #include "render/layout/Point2D.h"
 
+#include <boost/container/string.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <array>
@@ -47,7 +48,7 @@ public:
   /// under which one unit is one pixel of the window.
   void render(State& state) const override;
 
-  const std::string& text() const { return _text; }
+  std::string text() const { return {_text.begin(), _text.end()}; }
   const Point2D<double>& position() const { return _position; }
   /// The extent of all quads from the anchor, in pixels; empty without a font or characters.
   Box2D boundingBox() const;
@@ -65,7 +66,8 @@ private:
   Point2D<float> _maximum{std::numeric_limits<float>::lowest(),
                           std::numeric_limits<float>::lowest()};
   boost::intrusive_ptr<Font> _font;
-  std::string _text;
+  // Smaller than a std::string, and longer names fit into it.
+  boost::container::string _text;
 };
 
 } // namespace orvex::render::gl

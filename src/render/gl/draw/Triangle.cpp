@@ -3,6 +3,8 @@
 #include "render/gl/draw/Batch.h"
 #include "render/gl/draw/State.h"
 
+static_assert(sizeof(Triangle) == 64);
+
 Triangle::Triangle(const Point& node, const orvex::render::Box2D& clade)
     : _node(node), _right(clade.maximum.x), _bottom(clade.minimum.y), _top(clade.maximum.y)
 {

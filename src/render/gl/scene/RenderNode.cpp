@@ -10,6 +10,8 @@
 namespace orvex::render::gl
 {
 
+static_assert(sizeof(RenderNode) == 96);
+
 RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
                        const boost::intrusive_ptr<LayoutInfo2D>& layout,
                        boost::intrusive_ptr<LineStrip> lines)
@@ -27,7 +29,7 @@ RenderNode::RenderNode(int node, const boost::shared_ptr<Tree>& tree,
     _lodFraction = 1.0 - info.depthToLeaf / static_cast<double>(root.depthToLeaf);
   }
   _boundingBox = info.boundingBox;
-  _highLod = lines ? std::move(lines) : new LineStrip(info.edges);
+  _highLod = lines ? std::move(lines) : LineStrip::make(info.edges);
   if (canBeProxy())
   {
     lowLod();
@@ -46,7 +48,7 @@ const boost::intrusive_ptr<Drawable>& RenderNode::lowLod() const
 // A node lies where its edges begin. Without edges it is a leaf, whose box is a point.
 Point2D<double> RenderNode::_position() const
 {
-  EdgeList::Reader reader(static_cast<const LineStrip&>(*_highLod).edges());
+  EdgeList::Reader reader = static_cast<const LineStrip&>(*_highLod).edges();
   return reader.next() ? reader.vertex() : _boundingBox.minimum;
 }
 

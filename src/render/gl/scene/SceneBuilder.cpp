@@ -45,7 +45,7 @@ boost::intrusive_ptr<LineStrip> buildLines(int node, const Lines& lines)
   {
     return lines.none;
   }
-  return lines.ownsLayout ? new LineStrip(std::move(edges)) : new LineStrip(edges);
+  return LineStrip::make(lines.ownsLayout ? std::move(edges) : EdgeList(edges));
 }
 
 boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
@@ -107,7 +107,7 @@ void SceneBuilder::buildScene(boost::intrusive_ptr<LayoutInfo2D> layout)
   const boost::intrusive_ptr<Group> root(new Group);
   root->addChild(labels);
   Detail::Work work(OpeningStages::scene, _tree->getNumberOfNodes(), Detail::shareOfLabels);
-  const Detail::Lines lines{_tree, layout, work, new LineStrip({}), layout->refCount() == 1};
+  const Detail::Lines lines{_tree, layout, work, LineStrip::make({}), layout->refCount() == 1};
   root->addChild(Detail::buildRenderNode(_tree->getRootNodeId(), lines));
   _root = root;
 }

@@ -29,7 +29,7 @@ static std::string drawn(const std::vector<unsigned int>& strips, int proxies = 
           {
             edges.push_back({{2.5, row}, {7.5, row}});
           }
-          boost::intrusive_ptr<LineStrip>(new LineStrip(edgesAlong(edges)))->render(*state);
+          LineStrip::make(edgesAlong(edges))->render(*state);
         }
         for (int i = 0; i < proxies; ++i)
         {

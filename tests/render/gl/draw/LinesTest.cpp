@@ -73,7 +73,7 @@ struct Elbows
     for (int node = 0; node < int(tree.getNumberOfNodes()); ++node)
     {
       const auto& edges = layout.layoutInfoForNode(node).edges;
-      graph.addHighLod(new LineStrip(edges));
+      graph.addHighLod(LineStrip::make(edges));
       for (const Polyline::Points& points : linesOf(edges))
       {
         const auto a = onScreen(points[0], state), b = onScreen(points[2], state);
@@ -153,7 +153,7 @@ static RenderGraph starOf(const std::vector<double>& rows)
     edges.push_back({{0.0, 0.5}, {0.0, y}, {1.0, y}});
     labels->addText({1.001, y}, "I");
   }
-  graph.addHighLod(new LineStrip(edgesAlong(edges)));
+  graph.addHighLod(LineStrip::make(edgesAlong(edges)));
   for (const auto& label : labels->texts())
   {
     graph.addText(label);

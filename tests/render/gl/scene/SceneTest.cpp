@@ -23,7 +23,7 @@ static void write(const RenderNode& node, const std::string& indent, std::ostrea
   {
     point(corner);
   }
-  EdgeList::Reader reader(dynamic_cast<const LineStrip&>(*node.highLod()).edges());
+  EdgeList::Reader reader = dynamic_cast<const LineStrip&>(*node.highLod()).edges();
   while (reader.next())
   {
     out << (reader.beginsEdge() ? " line" : "");
