@@ -8,6 +8,8 @@
 #include "render/camera/DrawingPass.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
+#include "render/gl/scene/CullVisitor.h"
+#include "render/gl/scene/RenderNode.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
 #include "render/gl/scene/SceneBuilder.h"
 #include "render/layout/LayoutCladogram.h"
@@ -94,6 +96,30 @@ BENCHMARK(thinLabels)
     ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {0, 5, 100}})
     ->Unit(benchmark::kMillisecond);
 
+/// Counts the nodes that a pass meets.
+struct CountingVisitor : gl::CullVisitor
+{
+  using CullVisitor::CullVisitor;
+  using CullVisitor::visit;
+  void visit(gl::RenderNode& node) override
+  {
+    ++nodes;
+    CullVisitor::visit(node);
+  }
+
+  std::size_t nodes = 0;
+};
+
+std::size_t visitedNodes(gl::Group& scene, const Look& look, DisplaySettings& settings)
+{
+  gl::RenderGraph graph;
+  const boost::intrusive_ptr<CountingVisitor> visitor(
+      new CountingVisitor(look.state.get(), look.camera->zoomLevel(),
+                          look.camera->numberOfZoomLevels(), &graph, &settings));
+  scene.accept(*visitor);
+  return visitor->nodes;
+}
+
 /// The culling of one frame, at a level whose labels have been thinned before.
 void cull(benchmark::State& state)
 {
@@ -103,12 +129,14 @@ void cull(benchmark::State& state)
   settings->alwaysUseHighLod(state.range(2) != 0);
   std::size_t proxies = 0;
   std::size_t lines = 0;
+  std::size_t runs = 0;
   std::size_t labels = 0;
   const auto frame = [&]
   {
     const gl::RenderGraph graph = gl::cullPass(scene.get(), *look.state, *look.camera, *settings);
     proxies = graph.lowLod().size();
     lines = graph.highLod().size();
+    runs = graph.runs().size();
     labels = graph.text().size();
   };
   frame(); // thins the labels
@@ -118,12 +146,14 @@ void cull(benchmark::State& state)
   }
   state.counters["proxies"] = double(proxies);
   state.counters["lines"] = double(lines);
+  state.counters["runs"] = double(runs);
+  state.counters["visited"] = double(visitedNodes(*scene, look, *settings));
   state.counters["labels"] = double(labels);
 }
 BENCHMARK(cull)
     ->ArgNames({"leaves", "zoom%", "all"})
     ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {0, 1, 5, 25, 100}, {0}})
-    ->ArgsProduct({{100'000, 1'000'000}, {0}, {1}})
+    ->ArgsProduct({{100'000, 1'000'000, 10'000'000}, {0, 1, 5}, {1}})
     ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -14,7 +14,9 @@ class Tree;
 namespace orvex::render
 {
 
-/// A way to place the nodes of a tree in the unit plane.
+/// A way to place the nodes of a tree in the unit plane. Each edge is an elbow: from the node along
+/// its column to the child's row, then along that row to the child. A node's box is the smallest
+/// around the positions of its clade.
 class TreeLayout2D : public Kelmar::Base::Referenced
 {
 public:

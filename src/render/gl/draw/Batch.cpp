@@ -8,9 +8,7 @@ namespace orvex::render::gl
 void Batch::begin(const Viewport& viewport, const Kelmar::Math::Matrix44d& localToScreen)
 {
   _viewport = viewport;
-  _scale = {localToScreen[0], localToScreen[5]};
-  // In pixels of the viewport, not of the window.
-  _shift = {localToScreen[12] - viewport.x, localToScreen[13] - viewport.y};
+  _grid = PixelGrid(viewport, localToScreen);
   _rows.reset(viewport.height, viewport.width);
   _columns.reset(viewport.width, viewport.height);
   _count = 0;
@@ -18,8 +16,8 @@ void Batch::begin(const Viewport& viewport, const Kelmar::Math::Matrix44d& local
 
 void Batch::line(const Point& from, const Point& to)
 {
-  const Point a = _toPixels(from);
-  const Point b = _toPixels(to);
+  const Point a = _grid.toPixels(from);
+  const Point b = _grid.toPixels(to);
   // From the middle of the first pixel to that of the pixel after the last, which is not lit.
   if (from.x == to.x)
   {
@@ -51,7 +49,7 @@ void Batch::triangle(const Point& a, const Point& b, const Point& c)
   _makeRoom(Primitive::Triangles, 3);
   for (const Point& corner : {a, b, c})
   {
-    const Point pixels = _toPixels(corner);
+    const Point pixels = _grid.toPixels(corner);
     _add(pixels.x, pixels.y, green);
   }
 }
@@ -67,11 +65,6 @@ void Batch::flush()
   glDrawArrays(_primitive == Primitive::Lines ? GL_LINES : GL_TRIANGLES, 0,
                static_cast<GLsizei>(_count));
   _count = 0;
-}
-
-Batch::Point Batch::_toPixels(const Point& point) const
-{
-  return {_scale.x * point.x + _shift.x, _scale.y * point.y + _shift.y};
 }
 
 void Batch::_makeRoom(Primitive primitive, std::size_t count)

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "foundation/counted/Referenced.h"
-#include "foundation/math/Matrix44.h"
 #include "render/camera/Viewport.h"
+#include "render/gl/draw/PixelGrid.h"
 #include "render/gl/draw/PixelRuns.h"
-#include "render/layout/Point2D.h"
 
 #include <array>
 #include <cstddef>
@@ -13,8 +12,7 @@ namespace orvex::render::gl
 {
 
 /// Converts the lines and proxies of a pass from the world to pixels of the window and draws many
-/// of them with one call. It computes in double: a float can't distinguish the rows of a large
-/// tree.
+/// of them with one call.
 ///
 /// Its buffer has one size and is used again by each pass. Needs a current context with the vertex
 /// and colour arrays enabled, and matrices under which one unit is one pixel of the window.
@@ -52,14 +50,12 @@ private:
     Colour colour;
   };
 
-  Point _toPixels(const Point& point) const;
   void _makeRoom(Primitive primitive, std::size_t count);
   void _add(double x, double y, const Colour& colour);
   void _addWhite(double x0, double y0, double x1, double y1);
 
   Viewport _viewport;
-  Point _scale{1.0, 1.0};
-  Point _shift{0.0, 0.0};
+  PixelGrid _grid;
   PixelRuns _rows;
   PixelRuns _columns;
   Primitive _primitive = Primitive::Lines;

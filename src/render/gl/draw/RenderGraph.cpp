@@ -77,18 +77,24 @@ void renderAll(const RenderGraph::Drawables& drawables, State& state)
   for (const boost::intrusive_ptr<Drawable>& drawable : drawables)
   {
     drawable->render(state);
-    if (state.work())
-    {
-      state.work()->done();
-    }
   }
   state.batch().flush();
 }
 
-void renderLines(const RenderGraph::Drawables& lines, State& state)
+void renderRuns(const std::vector<Box2D>& clades, State& state)
+{
+  for (const Box2D& clade : clades)
+  {
+    state.batch().line(clade.minimum, {clade.maximum.x, clade.minimum.y});
+  }
+  state.batch().flush();
+}
+
+void renderLines(const RenderGraph& graph, State& state)
 {
   const SingleSample sharp;
-  renderAll(lines, state);
+  renderAll(graph.highLod(), state);
+  renderRuns(graph.runs(), state);
 }
 
 } // namespace
@@ -112,7 +118,7 @@ void RenderGraph::render(State& state) const
   const Detail::PixelMatrices pixels(state.viewport(), depth);
   state.batch().begin(state.viewport(), localToScreen);
   Detail::renderAll(_lowLod, state);
-  Detail::renderLines(_highLod, state);
+  Detail::renderLines(*this, state);
   const Detail::LabelDrawing labels;
   const ClientArrays coordinates{GL_TEXTURE_COORD_ARRAY};
   Detail::renderAll(_text, state);

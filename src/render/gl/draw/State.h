@@ -2,7 +2,6 @@
 
 #include "foundation/counted/Referenced.h"
 #include "foundation/math/Matrix44.h"
-#include "foundation/progress/Work.h"
 #include "render/camera/DrawingPass.h"
 #include "render/gl/draw/Batch.h"
 
@@ -35,15 +34,15 @@ public:
   Batch& batch();
   void batch(const boost::intrusive_ptr<Batch>& batch) { _batch = batch; }
 
-  /// The work of which each node that is visited and each drawable that is drawn is a unit; null,
-  /// as at first, for a pass that reports nothing. It must outlive the pass.
-  Kelmar::Progress::Work* work() const { return _work; }
-  void work(Kelmar::Progress::Work* work) { _work = work; }
+  /// Whether a clade whose lines light one run of pixels may be drawn as that run, as at first. If
+  /// not, each of its lines is drawn, to the same pixels: for comparisons.
+  bool joinsLines() const { return _joinsLines; }
+  void joinsLines(bool value) { _joinsLines = value; }
 
 private:
   DrawingPass _pass;
   boost::intrusive_ptr<Batch> _batch;
-  Kelmar::Progress::Work* _work = nullptr;
+  bool _joinsLines = true;
 };
 
 } // namespace orvex::render::gl

@@ -1,5 +1,6 @@
 #include "render/gl/scene/CullVisitor.h"
 
+#include "render/gl/draw/CladeRun.h"
 #include "render/gl/draw/RenderGraph.h"
 #include "render/gl/scene/RenderNode.h"
 #include "render/gl/scene/RenderTaxonLabels.h"
@@ -28,16 +29,13 @@ CullVisitor::CullVisitor(State* state, unsigned int zoomLevel, unsigned int numb
       _numberOfZoomLevels(numberOfZoomLevels),
       _renderGraph(renderGraph),
       _displaySettings(std::move(settings)),
-      _localToScreen(state->getLocalToScreenMatrix())
+      _localToScreen(state->getLocalToScreenMatrix()),
+      _grid(state->viewport(), _localToScreen)
 {
 }
 
 void CullVisitor::visit(RenderNode& node)
 {
-  if (_state->work())
-  {
-    _state->work()->done();
-  }
   if (_culler->isCulled(node.boundingBox()))
   {
     return;
@@ -47,16 +45,37 @@ void CullVisitor::visit(RenderNode& node)
     _renderGraph->addLowLod(node.lowLod());
     return;
   }
+  if (_isDrawnAsRun(node))
+  {
+    _renderGraph->addRun(node.boundingBox());
+    return;
+  }
   _renderGraph->addHighLod(node.highLod());
   node.traverse(*this);
 }
 
+bool CullVisitor::_showsProxies() const
+{
+  return !_displaySettings->alwaysUseHighLod() && // the user wants to see every line
+         _zoomLevel != _numberOfZoomLevels &&     // at the greatest zoom there is room for them
+         _numberOfZoomLevels != 1;                // a small tree has room for them at any zoom
+}
+
 bool CullVisitor::_isShownAsProxy(const RenderNode& node) const
 {
-  return !_displaySettings->alwaysUseHighLod() && _zoomLevel != _numberOfZoomLevels &&
-         _numberOfZoomLevels != 1 && node.canBeProxy() &&
+  return _showsProxies() &&   //
+         node.canBeProxy() && // near the leaves, lines are as cheap
+         // The closer the user looks, the nearer to the leaves a clade must be.
          node.lodFraction() * _numberOfZoomLevels > _zoomLevel &&
+         // A clade that is large on the screen is opened, wherever it lies in the tree.
          _shareOfHeight(node.boundingBox()) < Detail::leastOpenShare;
+}
+
+// A clade in which a proxy could be shown is opened, since a proxy is green.
+bool CullVisitor::_isDrawnAsRun(const RenderNode& node) const
+{
+  return _state->joinsLines() && !(_showsProxies() && node.canBeProxy()) &&
+         lightsOneRun(node.boundingBox(), _grid);
 }
 
 double CullVisitor::_shareOfHeight(const Box2D& box) const

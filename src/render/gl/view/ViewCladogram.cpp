@@ -1,22 +1,15 @@
 #include "render/gl/view/ViewCladogram.h"
 
 #include "foundation/math/InverseMatrix.h"
-#include "foundation/progress/Work.h"
 #include "foundation/system/LargePages.h"
 #include "render/camera/MouseEvent.h"
-#include "render/gl/device/FrameBufferGuard.h"
-#include "render/gl/device/FrameBufferObject.h"
-#include "render/gl/device/Image.h"
 #include "render/gl/device/OpenGL.h"
-#include "render/gl/device/Texture2D.h"
 #include "render/gl/draw/ApplyPass.h"
 #include "render/gl/draw/Batch.h"
 #include "render/gl/draw/State.h"
 #include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/SceneBuilder.h"
-#include "render/gl/view/ThumbnailPicture.h"
 #include "render/layout/LayoutCladogram.h"
-#include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 
 #include <boost/core/noncopyable.hpp>
@@ -33,22 +26,19 @@ namespace Detail
 namespace
 {
 
-using Kelmar::Math::Matrix44d;
 using Kelmar::Math::Vector3d;
 
 constexpr double thumbnailShare = 0.1;
-// With the column's projection, this makes the unit square fill the whole column.
-const Vector3d thumbnailShift(-0.5, -0.5, -2.5);
 
 /// Sets whether labels are drawn, for one pass; sets it to true at the end of the scope.
-class DrawTextGuard : private boost::noncopyable
+class DrawTextScope : private boost::noncopyable
 {
 public:
-  DrawTextGuard(DisplaySettings& settings, bool drawText) : _settings(settings)
+  DrawTextScope(DisplaySettings& settings, bool drawText) : _settings(settings)
   {
     _settings.drawText(drawText);
   }
-  ~DrawTextGuard() { _settings.drawText(true); }
+  ~DrawTextScope() { _settings.drawText(true); }
 
 private:
   DisplaySettings& _settings;
@@ -56,15 +46,15 @@ private:
 
 /// Has everything drawn in high detail until the end of the scope, then sets the user's choice
 /// again.
-class HighLodGuard : private boost::noncopyable
+class HighLodScope : private boost::noncopyable
 {
 public:
-  explicit HighLodGuard(DisplaySettings& settings)
+  explicit HighLodScope(DisplaySettings& settings)
       : _settings(settings), _before(settings.alwaysUseHighLod())
   {
     _settings.alwaysUseHighLod(true);
   }
-  ~HighLodGuard() { _settings.alwaysUseHighLod(_before); }
+  ~HighLodScope() { _settings.alwaysUseHighLod(_before); }
 
 private:
   DisplaySettings& _settings;
@@ -73,11 +63,11 @@ private:
 
 /// Until the end of the scope, what is drawn leaves the frame opaque as it was cleared. Blending
 /// would make it translucent, and a compositor then shows through it what lies behind the window.
-class OpaqueDrawing : private boost::noncopyable
+class OpaqueScope : private boost::noncopyable
 {
 public:
-  OpaqueDrawing() { glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); }
-  ~OpaqueDrawing() { glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE); }
+  OpaqueScope() { glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); }
+  ~OpaqueScope() { glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE); }
 };
 
 #ifndef NDEBUG
@@ -103,19 +93,14 @@ void requireNoError()
 } // namespace
 } // namespace Detail
 
-ViewCladogram::ViewCladogram() : _batch(new Batch)
+ViewCladogram::ViewCladogram()
+    : _thumbnail([this](const DrawingPass& pass) { _drawAllLines(pass); }), _batch(new Batch)
 {
   glewInit();
   glClearColor(0, 0, 0, 1);
 }
 
-// OpenGL objects of the thumbnail that are not deleted here are deleted with the widget's context.
-ViewCladogram::~ViewCladogram() noexcept(false)
-{
-  _thumbnailTexture = nullptr;
-  _frameBuffer = nullptr;
-  _root = nullptr;
-}
+ViewCladogram::~ViewCladogram() noexcept(false) = default;
 
 Kelmar::Math::Matrix44d ViewCladogram::viewMatrix() const
 {
@@ -138,18 +123,10 @@ void ViewCladogram::update()
 
 void ViewCladogram::resize(unsigned int width, unsigned int height)
 {
-  using Detail::Matrix44d;
   const auto thumbnailWidth = static_cast<unsigned int>(width * Detail::thumbnailShare);
-  _thumbnailViewport.set(0, 0, thumbnailWidth, height);
-  _thumbnailProjection = Matrix44d::orthographic(-0.5, 0.5, -0.5, 0.5, -10.0, 10.0);
+  _thumbnail.resize({0, 0, thumbnailWidth, height});
   _mainViewport.set(thumbnailWidth, 0, width - thumbnailWidth, height);
-  _thumbnailDirty = true;
-  if (_mainViewport.empty())
-  {
-    return;
-  }
-  _mainProjection = mainProjection(_mainViewport);
-  if (tree())
+  if (tree() && !_mainViewport.empty())
   {
     camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), mostPixelsPerLeaf,
                                     _mainViewport);
@@ -158,21 +135,23 @@ void ViewCladogram::resize(unsigned int width, unsigned int height)
 
 void ViewCladogram::prepare()
 {
-  if (_thumbnailDirty && !_mainViewport.empty())
+  if (!_mainViewport.empty())
   {
-    _createThumbnailImage();
+    _thumbnail.prepare();
   }
 }
 
 void ViewCladogram::render()
 {
-  const Kelmar::Math::Matrix44d matrix = viewMatrix();
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   if (!_mainViewport.empty())
   {
-    // The thumbnail comes first, so that its picture is finished before the main area is drawn.
-    _renderThumbnailView(matrix);
-    _renderMainView(matrix);
+    // Before the colour mask, since the picture is opaque.
+    _thumbnail.prepare();
+    const Detail::OpaqueScope opaque;
+    const DrawingPass pass = mainPass(*camera(), _mainViewport);
+    _thumbnail.render(pass);
+    _renderMainView(pass);
   }
   glFlush();
 #ifndef NDEBUG
@@ -180,98 +159,29 @@ void ViewCladogram::render()
 #endif
 }
 
-void ViewCladogram::_createThumbnailImage()
+void ViewCladogram::_drawAllLines(const DrawingPass& pass)
 {
-  // Set first: without support for framebuffer objects, the next try follows the next resize.
-  _thumbnailDirty = false;
-  if (!FrameBufferObject::isSupported())
-  {
-    return;
-  }
-  // What is bound now is what the frame is drawn into.
-  const FrameBufferGuard frame;
-  _thumbnailTextureId.remove();
-  _frameBuffer = std::make_unique<FrameBufferObject>();
-  // In a window of a few pixels the column is empty, and OpenGL allows no empty framebuffer.
-  if (!_thumbnailViewport.empty())
-  {
-    _frameBuffer->attachTexture(_thumbnailTextureId, _thumbnailViewport.width,
-                                _thumbnailViewport.height);
-  }
-  if (_thumbnailTexture)
-  {
-    _thumbnailTexture->releaseGLObjects();
-    _thumbnailTexture = nullptr;
-  }
-  if (!_thumbnailViewport.empty())
-  {
-    _drawThumbnailImage();
-  }
+  const Detail::HighLodScope highLod(*settings());
+  _cullAndDraw(pass, false);
 }
 
-void ViewCladogram::_drawThumbnailImage()
+void ViewCladogram::_renderMainView(const DrawingPass& pass)
 {
-  const OffscreenDrawing offscreen(*_frameBuffer);
-  glDisable(GL_DEPTH_TEST);
-  glDepthMask(GL_FALSE);
-  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  const DrawingPass pass = _thumbnailPass();
-  applyPass(pass);
-  {
-    const Detail::HighLodGuard highLod(*settings());
-    const boost::intrusive_ptr<State> state(new State(pass));
-    // All nodes are visited, then all are drawn.
-    const std::size_t nodes = tree() ? tree()->getNumberOfNodes() : 0;
-    Kelmar::Progress::Work work(OpeningStages::picture, 2 * nodes);
-    state->work(&work);
-    _cullAndDraw(*state, false);
-  }
-  const boost::intrusive_ptr<Image> image(new Image);
-  image->init(_thumbnailViewport.width, _thumbnailViewport.height, GL_RGBA);
-  // The texture uploads the pixels when it is first applied, which is after they are read here.
-  _thumbnailTexture = new Texture2D(image);
-  readThumbnailPicture(*image);
-}
-
-DrawingPass ViewCladogram::_thumbnailPass() const
-{
-  return {_thumbnailViewport, _thumbnailProjection,
-          Detail::Matrix44d::translation(Detail::thumbnailShift)};
-}
-
-void ViewCladogram::_renderThumbnailView(const Kelmar::Math::Matrix44d& matrix)
-{
-  if (_thumbnailDirty)
-  {
-    _createThumbnailImage();
-  }
-  const Detail::OpaqueDrawing opaque;
-  applyPass(_thumbnailPass());
-  if (_thumbnailTexture)
-  {
-    drawThumbnailPicture(*_thumbnailTexture);
-  }
-  drawShownPart(shownPart({_mainViewport, _mainProjection, matrix}));
-}
-
-void ViewCladogram::_renderMainView(const Kelmar::Math::Matrix44d& matrix)
-{
-  const Detail::OpaqueDrawing opaque;
   glEnable(GL_DEPTH_TEST);
-  const DrawingPass pass{_mainViewport, _mainProjection, matrix};
   applyPass(pass);
-  _cullAndDraw(*boost::intrusive_ptr<State>(new State(pass)), true);
+  _cullAndDraw(pass, true);
 }
 
-void ViewCladogram::_cullAndDraw(State& state, bool drawText)
+void ViewCladogram::_cullAndDraw(const DrawingPass& pass, bool drawText)
 {
-  state.batch(_batch);
+  const boost::intrusive_ptr<State> state(new State(pass));
+  state->batch(_batch);
   RenderGraph graph;
   {
-    const Detail::DrawTextGuard guard(*settings(), drawText);
-    graph = cullPass(_root.get(), state, *camera(), *settings());
+    const Detail::DrawTextScope text(*settings(), drawText);
+    graph = cullPass(_root.get(), *state, *camera(), *settings());
   }
-  graph.render(state);
+  graph.render(*state);
 }
 
 void ViewCladogram::handleNavigation(const MouseEvent& current, const MouseEvent& last)
@@ -281,7 +191,8 @@ void ViewCladogram::handleNavigation(const MouseEvent& current, const MouseEvent
   {
     return;
   }
-  const Kelmar::Math::Matrix44d toWorld = inverseOrThrow(_mainProjection * viewMatrix());
+  const DrawingPass pass = mainPass(*camera(), _mainViewport);
+  const Kelmar::Math::Matrix44d toWorld = inverseOrThrow(pass.projection * pass.modelView);
   const Vector3d a = toWorld * Vector3d(current.position[0], current.position[1], 0.0);
   const Vector3d b = toWorld * Vector3d(last.position[0], last.position[1], 0.0);
   if (current.left)

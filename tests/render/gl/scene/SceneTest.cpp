@@ -12,7 +12,6 @@
 
 using namespace orvex::render;
 using namespace orvex::render::gl;
-using Kelmar::Math::Matrix44d;
 
 /// A node and what is below it as indented text: the proxy's corners, then those of the lines.
 static void write(const RenderNode& node, const std::string& indent, std::ostream& out)
@@ -115,10 +114,8 @@ static Chosen cull(const Scene& scene, const Pass& pass)
   camera->updateZoomInformation(100000, 18, viewport);
   camera->zoomByAmount(pass.zoom - 1.0);
   camera->pan(0.0, pass.pan);
-  const boost::intrusive_ptr<State> state(new State);
-  state->viewport(viewport);
-  state->modelViewMatrix(camera->viewMatrix(viewport));
-  state->projectionMatrix(Matrix44d::orthographic(0, 800, 0, 600, -10, 10));
+  const boost::intrusive_ptr<State> state(new State(mainPass(*camera, viewport)));
+  state->joinsLines(false); // all that is seen is listed
   const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
   settings->alwaysUseHighLod(pass.alwaysHigh);
   settings->drawText(pass.drawText);
