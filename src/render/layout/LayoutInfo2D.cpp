@@ -3,29 +3,32 @@
 #include "foundation/progress/Work.h"
 #include "tree/model/OpeningStages.h"
 
-#include <stdexcept>
+#include <algorithm>
 
 namespace orvex::render
 {
 
-static_assert(sizeof(NodeLayoutInfo) == 80);
+static_assert(sizeof(NodeLayoutInfo) == 64);
 
 LayoutInfo2D::LayoutInfo2D(unsigned int numberOfNodes)
 {
   Kelmar::Progress::Work work(OpeningStages::layout, numberOfNodes, 0.0, shareOfLayout);
-  _nodes.reserve(numberOfNodes);
-  for (unsigned int i = 0; i < numberOfNodes; ++i)
+  for (std::size_t left = numberOfNodes; left > 0;)
   {
-    _nodes.emplace_back(new NodeLayoutInfo);
-    work.done();
+    const std::size_t size = std::min(left, _blockSize);
+    _blocks.push_back({std::vector<NodeLayoutInfo>(size), size});
+    left -= size;
+    work.done(size);
   }
 }
 
-NodeLayoutInfo& LayoutInfo2D::layoutInfoForNode(int node)
+void LayoutInfo2D::release(int node)
 {
-  // A negative id becomes an index that is too large for any vector.
-  NodeLayoutInfo* record = _nodes.at(static_cast<std::size_t>(node)).get();
-  return record ? *record : throw std::out_of_range("The record of this node was released.");
+  Block& block = _blocks.at(static_cast<std::size_t>(node) / _blockSize);
+  if (--block.inUse == 0)
+  {
+    block.records = std::vector<NodeLayoutInfo>();
+  }
 }
 
 } // namespace orvex::render

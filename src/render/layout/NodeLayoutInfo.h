@@ -1,6 +1,5 @@
 #pragma once
 
-#include "foundation/counted/Referenced.h"
 #include "render/layout/Box2D.h"
 #include "render/layout/EdgeList.h"
 #include "render/layout/Point2D.h"
@@ -9,9 +8,10 @@ namespace orvex::render
 {
 
 /// Where one node of a tree lies, in world units: the tree fills x and y from 0.0 to 1.0, y upward.
-class NodeLayoutInfo : public Kelmar::Base::Referenced
+///
+/// A plain record, not a counted object: there are two for each leaf, and they exist for a moment.
+struct NodeLayoutInfo
 {
-public:
   Point2D<double> position;
   /// One for each child, in child order.
   EdgeList edges;

@@ -4,7 +4,6 @@
 #include FT_FREETYPE_H
 
 #include <algorithm>
-#include <cmath>
 
 namespace orvex::render::gl
 {
@@ -16,7 +15,7 @@ namespace
 constexpr FT_UInt pixelSize = 32;
 
 // FreeType's metrics are fixed point numbers with six binary places.
-double toPixels(FT_Pos value)
+float toPixels(FT_Pos value)
 {
   return static_cast<float>(value) * 0.015625f;
 }
@@ -58,13 +57,8 @@ Font::~Font() noexcept(false)
   FT_Done_Face(_face);
 }
 
-Glyph* Font::getGlyph(char c)
+Glyph* Font::_loadGlyph(char c)
 {
-  boost::intrusive_ptr<Glyph>& known = _glyphs[static_cast<unsigned char>(c)];
-  if (known)
-  {
-    return known.get();
-  }
   if (FT_Load_Char(_face, Detail::toCode(c), FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) != 0 ||
       !Detail::isCoverage(_face->glyph->bitmap))
   {
@@ -77,20 +71,8 @@ Glyph* Font::getGlyph(char c)
   glyph->setHorizontalBearing(Detail::toPixels(metrics.horiBearingX),
                               Detail::toPixels(metrics.horiBearingY - metrics.height));
   glyph->horizontalAdvance(Detail::toPixels(metrics.horiAdvance));
-  known = glyph;
-  return known.get();
-}
-
-void Font::getKerning(char left, char right, double& x, double& y)
-{
-  Kerning& known = _kernings[std::size_t(static_cast<unsigned char>(left)) << 8 |
-                             static_cast<unsigned char>(right)];
-  if (std::isnan(known.x))
-  {
-    known = _loadKerning(left, right);
-  }
-  x = known.x;
-  y = known.y;
+  _glyphs[static_cast<unsigned char>(c)] = glyph;
+  return glyph.get();
 }
 
 Font::Kerning Font::_loadKerning(char left, char right) const

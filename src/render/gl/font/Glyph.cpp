@@ -10,12 +10,6 @@ Glyph::Glyph(unsigned int width, unsigned int height)
 {
 }
 
-void Glyph::horizontalBearing(double& x, double& y) const
-{
-  x = _horizontalBearingX;
-  y = _horizontalBearingY;
-}
-
 void Glyph::setHorizontalBearing(double x, double y)
 {
   _horizontalBearingX = x;

@@ -28,7 +28,11 @@ public:
 
   /// From the pen to the left edge of the bitmap, and from the baseline to its bottom edge, which
   /// is negative where a part hangs below.
-  void horizontalBearing(double& x, double& y) const;
+  void horizontalBearing(double& x, double& y) const
+  {
+    x = _horizontalBearingX;
+    y = _horizontalBearingY;
+  }
   void setHorizontalBearing(double x, double y);
 
   /// Binds the texture. Needs a current context.
