@@ -54,6 +54,28 @@ struct LayoutInfo
   EdgeList::Writer edges{};
 };
 
+/// What the root reaches.
+struct Extent
+{
+  unsigned int leaves = 0;
+  // Edges on the longest way down.
+  unsigned int depth = 0;
+};
+
+void measure(const Tree& tree, int node, unsigned int depth, Extent& extent)
+{
+  if (tree.isLeaf(node))
+  {
+    ++extent.leaves;
+    extent.depth = std::max(extent.depth, depth);
+    return;
+  }
+  for (auto [child, end] = tree.getChildren(node); child != end; ++child)
+  {
+    measure(tree, *child, depth + 1, extent);
+  }
+}
+
 std::vector<double> makeColumns(unsigned int maximumDepth)
 {
   if (maximumDepth == 0)
@@ -126,8 +148,10 @@ boost::intrusive_ptr<LayoutInfo2D> LayoutCladogram::layout(boost::shared_ptr<Tre
   const boost::intrusive_ptr<LayoutInfo2D> records(new LayoutInfo2D(nodes));
   Detail::Work work(OpeningStages::layout, nodes, LayoutInfo2D::shareOfLayout);
   Detail::LayoutInfo info{*tree, work, records};
-  info.leafSpacing = 1.0 / tree->getNumberOfLeafNodes();
-  info.maximumDepth = static_cast<unsigned int>(tree->findMaximumDepthToLeaf(root));
+  Detail::Extent extent;
+  Detail::measure(*tree, root, 0, extent);
+  info.leafSpacing = 1.0 / extent.leaves;
+  info.maximumDepth = extent.depth;
   info.columns = Detail::makeColumns(info.maximumDepth);
   Detail::layoutChildren(root, info, 0);
   return info.info;

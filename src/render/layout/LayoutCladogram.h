@@ -10,7 +10,8 @@ namespace orvex::render
 /// to each by an elbow.
 ///
 /// The x of a node depends on its height above its deepest leaf, in columns whose distance shrinks
-/// logarithmically towards the leaves. Branch lengths are not used. A tree of one node lies at
+/// logarithmically towards the leaves. Branch lengths are not used. Only what the root reaches gets
+/// a place: of a file with several trees, the last one fills the column. A tree of one node lies at
 /// (1.0, 1.0). Recurses once for each level.
 class LayoutCladogram : public TreeLayout2D
 {

@@ -81,11 +81,11 @@ TEST(Layout, OfNoTreeIsNull)
   EXPECT_EQ(layOut(boost::make_shared<Tree>()), nullptr) << "no root was set";
 }
 
-TEST(Layout, LeavesOutATreeThatTheReaderLeftBehind)
+TEST(Layout, FillsTheColumnWithTheTreeThatTheRootReaches)
 {
-  const auto info = layOut(orvex::NewickReader().parseContents("(a,b)(c,d)"));
-  EXPECT_FALSE(info->layoutInfoForNode(0).boundingBox.valid());
-  expectPoint(info->layoutInfoForNode(5).position, 1.0,
-              0.75); // four leaves are in the store
-  EXPECT_THROW(info->layoutInfoForNode(6), std::out_of_range);
+  const auto info = layOut(orvex::NewickReader().parseContents("(a,b,c)(d,e)"));
+  EXPECT_FALSE(info->layoutInfoForNode(0).boundingBox.valid()) << "the reader left it behind";
+  expectPoint(info->layoutInfoForNode(5).position, 1.0, 1.0);
+  expectPoint(info->layoutInfoForNode(6).position, 1.0, 0.5);
+  EXPECT_THROW(info->layoutInfoForNode(7), std::out_of_range);
 }
