@@ -15,9 +15,16 @@ namespace
 constexpr unsigned int verticalMargins = 16;
 constexpr unsigned int leastPixelsForText = 150;
 
-unsigned int differenceOrOne(unsigned int a, unsigned int b)
+// An area with no room beside the labels: the tree takes a third of it, and its right edge cuts the
+// names.
+unsigned int widthOfTree(unsigned int area, unsigned int pixelsForText)
 {
-  return a > b ? a - b : 1;
+  return area > pixelsForText ? area - pixelsForText : std::max(area / 3, 1u);
+}
+
+unsigned int heightOfTree(unsigned int area)
+{
+  return area > verticalMargins ? area - verticalMargins : 1;
 }
 
 unsigned int levelsForZoom(double maximumZoom)
@@ -86,8 +93,8 @@ void CameraCladogram::horizontalPixelsForText(unsigned int pixels)
 Kelmar::Math::Matrix44d CameraCladogram::viewMatrix(const Viewport& viewport) const
 {
   using Kelmar::Math::Matrix44d;
-  const unsigned int width = Detail::differenceOrOne(viewport.width, _horizontalPixelsForText);
-  const unsigned int height = Detail::differenceOrOne(viewport.height, Detail::verticalMargins);
+  const unsigned int width = Detail::widthOfTree(viewport.width, _horizontalPixelsForText);
+  const unsigned int height = Detail::heightOfTree(viewport.height);
   return Matrix44d::translation({0.0, viewport.height * 0.5, 0.0}) *
          Matrix44d::scale({double(width), double(height), 1.0}) *
          Matrix44d::scale({1.0, _zoom, 1.0}) *

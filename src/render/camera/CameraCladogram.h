@@ -52,8 +52,9 @@ public:
   /// Keeps room for labels at the right edge, in pixels; never less than 150.
   void horizontalPixelsForText(unsigned int pixels);
 
-  /// From world coordinates to pixels of the area, the origin at its lower left, y upward. If the
-  /// area is smaller than the room for labels and margins, one pixel is left for the tree.
+  /// From world coordinates to pixels of the area, the origin at its lower left, y upward. In an
+  /// area that is not wider than the room for labels, the tree gets a third of the width; in one
+  /// that is not higher than the margins, a pixel.
   Kelmar::Math::Matrix44d viewMatrix(const Viewport& viewport) const;
 
 private:

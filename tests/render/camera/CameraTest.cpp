@@ -82,9 +82,21 @@ TEST_F(CameraTest, ZoomsAboutTheMiddleOfTheView)
     expectPixel(1.0, 0.75, 757.5, 300.0);
     expectPixel(1.0, 0.76, 757.5, 300.0 + 0.01 * camera->zoom() * 584.0);
   }
-  for (const unsigned int size : {0u, 1u, 16u}) // drawn into one pixel
+}
+
+TEST_F(CameraTest, GivesTheTreeAThirdOfAnAreaWithoutRoomBesideTheLabels)
+{
+  camera->horizontalPixelsForText(200);
+  struct Case
   {
-    viewport = {0, 0, size, size};
-    expectPixel(1.0, 0.76, 1.01, size * 0.5 + 0.01 * camera->zoom());
+    unsigned int size;
+    double width, height;
+  };
+  for (const Case& c : {Case{0, 1, 1}, Case{1, 1, 1}, Case{16, 5, 1}, Case{17, 5, 1},
+                        Case{200, 66, 184}, Case{201, 1, 185}, Case{266, 66, 250}})
+  {
+    SCOPED_TRACE(c.size);
+    viewport = {0, 0, c.size, c.size};
+    expectPixel(1.0, 0.75, 1.01 * c.width, c.size * 0.5 + 0.25 * c.height);
   }
 }
