@@ -1,7 +1,6 @@
 #include "render/layout/EdgeList.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <utility>
 
@@ -22,6 +21,7 @@ constexpr unsigned char hasY = 8;
 constexpr unsigned char isAtLeaves = 16; // x is that of the leaves
 
 constexpr double columnOfLeaves = 1.0;
+constexpr std::size_t mostBytes = 1 + 2 * sizeof(double); // of a vertex
 
 } // namespace
 } // namespace Detail
@@ -90,6 +90,9 @@ double EdgeList::Reader::_number()
 void EdgeList::Writer::add(const Edge2D& edge)
 {
   edge.evaluate(_points);
+  // Room for all that may come, so that writing is no more than a copy of known size.
+  const std::size_t most = _size + _points.size() * Detail::mostBytes + sizeof Detail::end;
+  _bytes.resize(std::max(_bytes.size(), most));
   unsigned char begins = Detail::beginsEdge;
   _previous = _start;
   for (const Point& point : _points)
@@ -97,9 +100,9 @@ void EdgeList::Writer::add(const Edge2D& edge)
     const bool isAtLeaves = point.x == Detail::columnOfLeaves;
     const bool isNewX = point.x != _previous.x && !isAtLeaves;
     const bool isNewY = point.y != _previous.y;
-    _bytes.push_back(
+    _bytes[_size++] =
         static_cast<unsigned char>(Detail::vertex | begins | (isAtLeaves ? Detail::isAtLeaves : 0) |
-                                   (isNewX ? Detail::hasX : 0) | (isNewY ? Detail::hasY : 0)));
+                                   (isNewX ? Detail::hasX : 0) | (isNewY ? Detail::hasY : 0));
     _write(point.x, isNewX);
     _write(point.y, isNewY);
     begins = 0;
@@ -112,20 +115,19 @@ void EdgeList::Writer::_write(double number, bool isNew)
 {
   if (isNew)
   {
-    std::array<unsigned char, sizeof number> bytes{};
-    std::memcpy(bytes.data(), &number, sizeof number);
-    _bytes.insert(_bytes.end(), bytes.begin(), bytes.end());
+    std::memcpy(_bytes.data() + _size, &number, sizeof number);
+    _size += sizeof number;
   }
 }
 
 EdgeList EdgeList::Writer::finish()
 {
   EdgeList edges;
-  if (!_bytes.empty())
+  if (_size > 0)
   {
-    _bytes.push_back(Detail::end);
-    edges._memory.reset(_copy(_bytes.data(), _bytes.size()));
-    _bytes.clear();
+    _bytes[_size++] = Detail::end;
+    edges._memory.reset(_copy(_bytes.data(), _size));
+    _size = 0;
   }
   _start = {0.0, 0.0};
   return edges;

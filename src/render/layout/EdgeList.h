@@ -79,7 +79,8 @@ public:
     void _write(double number, bool isNew);
 
     std::vector<Point> _points;
-    std::vector<unsigned char> _bytes;
+    std::vector<unsigned char> _bytes; // the first of them are written
+    std::size_t _size = 0;
     Point _previous{0.0, 0.0};
     Point _start{0.0, 0.0};
   };
