@@ -2,6 +2,7 @@
 
 #include "gui/qt/ImageFile.h"
 #include "render/camera/MouseEvent.h"
+#include "render/gl/device/Multisampling.h"
 #include "render/gl/device/ResolvedFrame.h"
 #include "render/gl/view/ViewCladogram.h"
 
@@ -80,6 +81,11 @@ Viewer::Viewer(QWidget* parent, const QRect& place) : QGLWidget(Detail::multisam
     throw std::runtime_error("The tree can't be drawn: this display gives no OpenGL context.");
   }
   makeCurrent();
+  if (format().sampleBuffers() && !orvex::render::gl::canMultisample())
+  {
+    setFormat(QGLFormat());
+    makeCurrent();
+  }
   _view = new orvex::render::gl::ViewCladogram;
   setFocusPolicy(::Qt::ClickFocus);
   setAttribute(::Qt::WA_DeleteOnClose, true);

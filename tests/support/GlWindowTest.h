@@ -2,6 +2,7 @@
 
 #include "render/gl/device/OpenGL.h"
 
+#include "render/gl/device/Multisampling.h"
 #include "support/Outcome.h"
 #include "support/SceneFixture.h"
 
@@ -14,12 +15,18 @@
 class GlWindowTest : public testing::Test
 {
 protected:
-  /// \param samples  whether a pixel may have several; if not, it is drawn or it isn't
+  /// \param samples  whether a pixel may have several, if the driver can draw so; if not, it is
+  ///                 drawn or it isn't
   void openWindow(int width, int height, bool samples)
   {
     QGLFormat format;
     format.setSampleBuffers(samples);
     window = std::make_unique<QGLWidget>(format);
+    window->makeCurrent();
+    if (samples && !orvex::render::gl::canMultisample())
+    {
+      window->setFormat(QGLFormat());
+    }
     window->resize(width, height);
     window->show();
     // A frame drawn before the window is there would be lost.

@@ -7,17 +7,14 @@
 namespace orvex::render::gl
 {
 
-void Image::init(unsigned int width, unsigned int height, unsigned int format)
+namespace Detail
 {
-  _width = width;
-  _height = height;
-  _format = format;
-  _buffer.reset(new unsigned char[std::size_t(width) * height * numChannels()]);
-}
+namespace
+{
 
-unsigned int Image::numChannels() const
+unsigned int channelsOf(unsigned int format)
 {
-  switch (_format)
+  switch (format)
   {
   case GL_ALPHA:
   case GL_LUMINANCE:
@@ -31,6 +28,24 @@ unsigned int Image::numChannels() const
   default:
     throw std::runtime_error("Pixel format not handled.");
   }
+}
+
+} // namespace
+} // namespace Detail
+
+void Image::init(unsigned int width, unsigned int height, unsigned int format)
+{
+  // First what can throw, so that a failure changes nothing.
+  const std::size_t size = std::size_t(width) * height * Detail::channelsOf(format);
+  _buffer.reset(new unsigned char[size]);
+  _width = width;
+  _height = height;
+  _format = format;
+}
+
+unsigned int Image::numChannels() const
+{
+  return Detail::channelsOf(_format);
 }
 
 std::size_t Image::_index(unsigned int row, unsigned int offset) const

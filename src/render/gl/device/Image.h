@@ -14,7 +14,9 @@ class Image : public Kelmar::Base::Referenced
 public:
   /// Allocates the pixels, whose values are left open.
   /// \param format  a pixel format of OpenGL, such as GL_RGBA
-  /// \throws std::runtime_error  for another format; the earlier pixels stay
+  /// \throws std::runtime_error  for another format
+  /// \throws std::bad_alloc  if there is no memory for the pixels
+  /// After both, size, format and pixels are those of before.
   void init(unsigned int width, unsigned int height, unsigned int format);
 
   unsigned int width() const { return _width; }

@@ -11,17 +11,10 @@ Texture2D::Texture2D(boost::intrusive_ptr<Image> image) : _image(std::move(image
 
 void Texture2D::apply()
 {
-  if (!_image)
+  if (_image)
   {
-    return;
+    applyTexture(_texture, _image->format(), _image->width(), _image->height(), _image->buffer());
   }
-  glEnable(GL_TEXTURE_2D);
-  if (_texture.exists())
-  {
-    glBindTexture(GL_TEXTURE_2D, _texture.get());
-    return;
-  }
-  uploadTexture(_texture, _image->format(), _image->width(), _image->height(), _image->buffer());
 }
 
 void Texture2D::releaseGLObjects()

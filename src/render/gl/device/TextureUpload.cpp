@@ -10,12 +10,26 @@ namespace
 {
 
 /// Saves the pixel store modes of the current context and restores them at the end of the scope.
-class PixelStoreGuard : private boost::noncopyable
+class PixelStoreScope : private boost::noncopyable
 {
 public:
-  PixelStoreGuard() { glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT); }
-  ~PixelStoreGuard() { glPopClientAttrib(); }
+  PixelStoreScope() { glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT); }
+  ~PixelStoreScope() { glPopClientAttrib(); }
 };
+
+void uploadTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
+                   const unsigned char* pixels)
+{
+  texture.make();
+  glBindTexture(GL_TEXTURE_2D, texture.get());
+  const PixelStoreScope store;
+  glPixelStorei(GL_UNPACK_LSB_FIRST, 0);
+  glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  setTextureParameters();
+  glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), static_cast<GLsizei>(width),
+               static_cast<GLsizei>(height), 0, format, GL_UNSIGNED_BYTE, pixels);
+}
 
 } // namespace
 } // namespace Detail
@@ -28,18 +42,16 @@ void setTextureParameters()
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
 }
 
-void uploadTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
-                   const unsigned char* pixels)
+void applyTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
+                  const unsigned char* pixels)
 {
-  texture.make();
-  glBindTexture(GL_TEXTURE_2D, texture.get());
-  const Detail::PixelStoreGuard guard;
-  glPixelStorei(GL_UNPACK_LSB_FIRST, 0);
-  glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-  setTextureParameters();
-  glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), static_cast<GLsizei>(width),
-               static_cast<GLsizei>(height), 0, format, GL_UNSIGNED_BYTE, pixels);
+  glEnable(GL_TEXTURE_2D);
+  if (texture.exists())
+  {
+    glBindTexture(GL_TEXTURE_2D, texture.get());
+    return;
+  }
+  Detail::uploadTexture(texture, format, width, height, pixels);
 }
 
 } // namespace orvex::render::gl

@@ -6,11 +6,11 @@
 namespace orvex::render::gl
 {
 
-/// Makes a texture of gapless rows of bytes and leaves it bound: clamped, linear, without mipmaps.
-/// \param texture  has no object yet
+/// Switches texturing on and binds a texture. One that has no object yet is made of gapless rows of
+/// bytes: clamped, linear, without mipmaps.
 /// \param format  both the texture's own format and that of \p pixels
-void uploadTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
-                   const unsigned char* pixels);
+void applyTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
+                  const unsigned char* pixels);
 
 /// The bound texture's wrapping and filter, as all of our textures have them.
 void setTextureParameters();

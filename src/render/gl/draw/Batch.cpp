@@ -4,6 +4,15 @@
 
 namespace orvex::render::gl
 {
+namespace Detail
+{
+namespace
+{
+
+constexpr std::array<GLenum, 3> modes{GL_LINES, GL_QUADS, GL_TRIANGLES};
+
+} // namespace
+} // namespace Detail
 
 void Batch::begin(const Viewport& viewport, const Kelmar::Math::Matrix44d& localToScreen)
 {
@@ -18,14 +27,13 @@ void Batch::line(const Point& from, const Point& to)
 {
   const Point a = _grid.toPixels(from);
   const Point b = _grid.toPixels(to);
-  // From the middle of the first pixel to that of the pixel after the last, which is not lit.
   if (from.x == to.x)
   {
     const PixelRun run = _columns.add(a.x, a.y, b.y);
     if (!run.empty())
     {
-      const double x = pixelOf(a.x) + 0.5;
-      _addWhite(x, run.first + 0.5, x, run.last + 1.5);
+      const double column = pixelOf(a.x);
+      _addPixels({column, run.first + 0.0}, {column + 1.0, run.last + 1.0});
     }
   }
   else if (from.y == to.y)
@@ -33,13 +41,15 @@ void Batch::line(const Point& from, const Point& to)
     const PixelRun run = _rows.add(a.y, a.x, b.x);
     if (!run.empty())
     {
-      const double y = pixelOf(a.y) + 0.5;
-      _addWhite(run.first + 0.5, y, run.last + 1.5, y);
+      const double row = pixelOf(a.y);
+      _addPixels({run.first + 0.0, row}, {run.last + 1.0, row + 1.0});
     }
   }
   else
   {
-    _addWhite(a.x, a.y, b.x, b.y);
+    _makeRoom(Primitive::Lines, 2);
+    _add(a.x, a.y, _white);
+    _add(b.x, b.y, _white);
   }
 }
 
@@ -62,7 +72,7 @@ void Batch::flush()
   }
   glVertexPointer(2, GL_FLOAT, sizeof(Vertex), &_vertices[0].x);
   glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(Vertex), _vertices[0].colour.data());
-  glDrawArrays(_primitive == Primitive::Lines ? GL_LINES : GL_TRIANGLES, 0,
+  glDrawArrays(Detail::modes[static_cast<std::size_t>(_primitive)], 0,
                static_cast<GLsizei>(_count));
   _count = 0;
 }
@@ -82,12 +92,13 @@ void Batch::_add(double x, double y, const Colour& colour)
                          colour};
 }
 
-void Batch::_addWhite(double x0, double y0, double x1, double y1)
+void Batch::_addPixels(const Point& low, const Point& high)
 {
-  constexpr Colour white{255, 255, 255, 255};
-  _makeRoom(Primitive::Lines, 2);
-  _add(x0, y0, white);
-  _add(x1, y1, white);
+  _makeRoom(Primitive::Quads, 4);
+  _add(low.x, low.y, _white);
+  _add(high.x, low.y, _white);
+  _add(high.x, high.y, _white);
+  _add(low.x, high.y, _white);
 }
 
 } // namespace orvex::render::gl

@@ -14,14 +14,19 @@ namespace orvex::render::gl
 /// Converts the lines and proxies of a pass from the world to pixels of the window and draws many
 /// of them with one call.
 ///
+/// A run of pixels is one rectangle with its corners at corners of pixels: the middle of each pixel
+/// is half a pixel away from every edge, so all renderers fill the same ones, with one sample or
+/// several. A line of OpenGL would begin and end in the middle of a pixel, where renderers differ.
+///
 /// Its buffer has one size and is used again by each pass. Needs a current context with the vertex
-/// and colour arrays enabled, and matrices under which one unit is one pixel of the window.
+/// and colour arrays enabled, and matrices under which one unit is one pixel of the window. The
+/// polygon mode is the caller's: GL_FILL for lines; proxies are drawn in either.
 class Batch : public Kelmar::Base::Referenced
 {
 public:
   using Point = Point2D<double>;
 
-  /// How many vertices are drawn with one call at most; lines and triangles divide it.
+  /// How many vertices are drawn with one call at most; all primitives divide it.
   static constexpr std::size_t capacity = 6144;
 
   /// Starts a pass; drops what was not drawn.
@@ -29,7 +34,7 @@ public:
   void begin(const Viewport& viewport, const Kelmar::Math::Matrix44d& localToScreen);
 
   /// A white line between two points in world units. A line along a row or a column lights all
-  /// pixels between its ends and those of the ends, on every renderer.
+  /// pixels between its ends and those of the ends, on every renderer; a slanted one is OpenGL's.
   void line(const Point& from, const Point& to);
   /// A green triangle.
   void triangle(const Point& a, const Point& b, const Point& c);
@@ -41,6 +46,7 @@ private:
   enum class Primitive
   {
     Lines,
+    Quads,
     Triangles
   };
   using Colour = std::array<unsigned char, 4>;
@@ -52,7 +58,10 @@ private:
 
   void _makeRoom(Primitive primitive, std::size_t count);
   void _add(double x, double y, const Colour& colour);
-  void _addWhite(double x0, double y0, double x1, double y1);
+  // Both are corners of pixels.
+  void _addPixels(const Point& low, const Point& high);
+
+  static constexpr Colour _white{255, 255, 255, 255};
 
   Viewport _viewport;
   PixelGrid _grid;

@@ -12,6 +12,10 @@ double pixelOf(double position)
   // More than any rounding error at the greatest zoom of ten million leaves, and too little to be
   // seen.
   constexpr double tolerance = 1e-6;
+  if (std::abs(position) <= tolerance)
+  {
+    return 0.0;
+  }
   return std::ceil(position - tolerance) - 1.0;
 }
 

@@ -17,7 +17,8 @@ struct PixelRun
 /// The pixel in which a position lies.
 ///
 /// Where the layout puts a position on the border of two pixels, the matrices leave it a rounding
-/// error on either side; such positions all go to the pixel below or left of it.
+/// error on either side; such positions all go to the pixel below or left of it. Only the border of
+/// the area itself belongs to the area's first pixel: a picture of a whole tree has the root there.
 double pixelOf(double position);
 
 /// The pixels that are lit in the rows of an area, or in its columns: one run of them is remembered

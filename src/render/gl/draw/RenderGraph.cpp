@@ -15,10 +15,10 @@ namespace
 
 /// Until the end of the scope, sets matrices under which one unit is one pixel of the window and
 /// all depths are that of the tree's plane.
-class PixelMatrices : private boost::noncopyable
+class PixelMatrixScope : private boost::noncopyable
 {
 public:
-  PixelMatrices(const Viewport& viewport, double depth)
+  PixelMatrixScope(const Viewport& viewport, double depth)
   {
     const double x = viewport.x;
     const double y = viewport.y;
@@ -32,7 +32,7 @@ public:
     glPushMatrix();
     glLoadIdentity();
   }
-  ~PixelMatrices()
+  ~PixelMatrixScope()
   {
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
@@ -41,31 +41,18 @@ public:
   }
 };
 
-/// Until the end of the scope, draws with one sample for each pixel. With several, a renderer may
-/// drop a part of a line along a row or a column, and a line between two columns would be grey.
-class SingleSample : private boost::noncopyable
-{
-public:
-  SingleSample()
-  {
-    glPushAttrib(GL_MULTISAMPLE_BIT);
-    glDisable(GL_MULTISAMPLE);
-  }
-  ~SingleSample() { glPopAttrib(); }
-};
-
 /// Sets OpenGL to filled and blended drawing until the end of the scope.
-class LabelDrawing : private boost::noncopyable
+class LabelScope : private boost::noncopyable
 {
 public:
-  LabelDrawing()
+  LabelScope()
   {
     glPushAttrib(GL_TEXTURE_BIT | GL_ENABLE_BIT | GL_POLYGON_BIT);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   }
-  ~LabelDrawing()
+  ~LabelScope()
   {
     glDisable(GL_TEXTURE_2D);
     glPopAttrib();
@@ -90,13 +77,6 @@ void renderRuns(const std::vector<Box2D>& clades, State& state)
   state.batch().flush();
 }
 
-void renderLines(const RenderGraph& graph, State& state)
-{
-  const SingleSample sharp;
-  renderAll(graph.highLod(), state);
-  renderRuns(graph.runs(), state);
-}
-
 } // namespace
 } // namespace Detail
 
@@ -115,11 +95,14 @@ void RenderGraph::render(State& state) const
   glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
   const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
   const double depth = (localToScreen * Kelmar::Math::Vector3d(0.0, 0.0, 0.0))[2];
-  const Detail::PixelMatrices pixels(state.viewport(), depth);
+  const Detail::PixelMatrixScope pixels(state.viewport(), depth);
   state.batch().begin(state.viewport(), localToScreen);
   Detail::renderAll(_lowLod, state);
-  Detail::renderLines(*this, state);
-  const Detail::LabelDrawing labels;
+  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+  Detail::renderAll(_highLod, state);
+  Detail::renderRuns(_runs, state);
+  glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+  const Detail::LabelScope labels;
   const ClientArrays coordinates{GL_TEXTURE_COORD_ARRAY};
   Detail::renderAll(_text, state);
 }

@@ -18,13 +18,7 @@ void Glyph::setHorizontalBearing(double x, double y)
 
 void Glyph::apply()
 {
-  glEnable(GL_TEXTURE_2D);
-  if (_texture.exists())
-  {
-    glBindTexture(GL_TEXTURE_2D, _texture.get());
-    return;
-  }
-  uploadTexture(_texture, GL_ALPHA, _width, _height, _buffer.get());
+  applyTexture(_texture, GL_ALPHA, _width, _height, _buffer.get());
 }
 
 } // namespace orvex::render::gl

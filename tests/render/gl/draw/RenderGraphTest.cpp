@@ -61,11 +61,10 @@ TEST(RenderGraph, DrawsProxiesThenLinesThenLabelsEachInItsState)
                   glLoadIdentity();
                   noteCall("proxy 1");
                   noteCall("proxy 2");
-                  glPushAttrib(GL_MULTISAMPLE_BIT);
-                  glDisable(GL_MULTISAMPLE);
+                  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
                   noteCall("lines 1");
                   noteCall("lines 2");
-                  glPopAttrib();
+                  glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
                   glPushAttrib(GL_TEXTURE_BIT | GL_ENABLE_BIT | GL_POLYGON_BIT);
                   glEnable(GL_BLEND);
                   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);

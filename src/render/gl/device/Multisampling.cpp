@@ -1,0 +1,17 @@
+#include "render/gl/device/Multisampling.h"
+
+#include "render/gl/device/OpenGL.h"
+
+namespace orvex::render::gl
+{
+
+bool canMultisample()
+{
+  GLint most = 0;
+  glGetIntegerv(GL_MAX_SAMPLES, &most);
+  // Old drivers don't know this number. Their windows with samples are as good as they say.
+  const bool isUnknown = glGetError() != GL_NO_ERROR || most == 0;
+  return isUnknown || most > 1;
+}
+
+} // namespace orvex::render::gl
