@@ -10,7 +10,7 @@ export LSAN_OPTIONS=suppressions=$here/../lint/lsan.supp:print_suppressions=0
 fuzz() {
   local target=$4 log="$2/$4.log" options=()
   case $target in
-    newick | scene) options=(-dict="$here/newick.dict") ;;
+    convert | newick | scene) options=(-dict="$here/newick.dict") ;;
     *) options=(-dict="$here/json.dict") ;;
   esac
   mkdir -p "$2/$target"
@@ -32,6 +32,6 @@ export here
 
 bin=$1 work=$2 seconds=$3
 shift 3
-[ $# -gt 0 ] || set -- json newick scene service
+[ $# -gt 0 ] || set -- convert json newick scene service
 mkdir -p "$work"
 printf '%s\n' "$@" | xargs -P 2 -I TARGET bash -c "fuzz '$bin' '$work' '$seconds' TARGET"

@@ -38,7 +38,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # without a font the leaves have no names. TIFF is one of four kinds of picture.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
   "libgl1-mesa-dri, fonts-liberation2 | fonts-liberation | fonts-croscore")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt5-image-formats-plugins)
+# In a Wayland session that has no X, the plugin for Wayland makes the window.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt5-image-formats-plugins, qtwayland5")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS xvfb)
 
 execute_process(COMMAND date --utc --rfc-email --date=${ORVEX_RELEASE_DATE}

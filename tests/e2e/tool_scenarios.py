@@ -1,7 +1,9 @@
 """Scenarios of the programs beside the viewer."""
 
 import contextlib
+import gzip
 import http.client
+import lzma
 import os
 import pathlib
 import random
@@ -101,7 +103,7 @@ def snapshots_anywhere(folder):
 def help_texts(folder):
     """They need no display, and explain the options of the manual, with their defaults."""
     for program, *words in (("orvex-snapshot", "pixels", "1000x600"), ("orvex-generate", "polytomy"),
-                            ("orvex-tree-service", "14444")):
+                            ("orvex-convert", "NEXUS"), ("orvex-tree-service", "14444")):
         manual = (ROOT / f"packaging/man/{program}.1.in").read_text().replace("\\-", "-")
         for option in ("-h", "--help"):
             asked = run(folder, program, option, DISPLAY="")
@@ -161,6 +163,7 @@ def wrong_arguments(folder):
     (folder / "t.nwk").write_text("(a,b);")
     (folder / "empty.nwk").write_text("")
     (folder / "old.ico").write_text("old")
+    (folder / "cut.gz").write_bytes(gzip.compress(b"(a,b);" * 1000)[:20])
 
     def files():
         return {path: path.read_bytes() for path in folder.iterdir() if path.is_file()}
@@ -174,6 +177,9 @@ def wrong_arguments(folder):
                  "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue"),
                 ("orvex-generate", "", "star", "star 3 4", "star x", "star -3", "star 3x", "star 0",
                  "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sow 4"),
+                ("orvex-convert", "", "t.nwk", "none.nwk -", ". x.nwk", "empty.nwk x.nwk",
+                 "cut.gz x.nwk", "t.nwk no/x.nwk", "t.nwk x.nwk --tree 2", "--list t.nwk x.nwk",
+                 "t.nwk x.nwk --all"),
                 ("orvex-tree-service", "", ". .", "--port", f"--port {taken.getsockname()[1]} .",
                  "--port 0 .", "--port 65536 .", "--port 80x .", "--verbose .", "none", "t.nwk")):
             for arguments in cases:
@@ -184,6 +190,25 @@ def wrong_arguments(folder):
         refused = run(folder, "orvex-snapshot", "t.nwk", "x.png", **session)
         assert refused.returncode == 1 and refused.stderr.count("\n") == 1, refused
     assert files() == before
+
+
+@scenario
+def converted(folder):
+    """NEXUS and full Newick, packed or from a pipe, become what the viewer reads."""
+    tree = "(('Homo sapiens':1[&x],Pan:1):2,\"Gorilla \" : 3);\n"
+    nexus = f"#NEXUS\nbegin trees;\ntree other=(a,b);\ntree * best = [&R] {tree}end;\n"
+    narrow = "((Homo sapiens:1,Pan:1):2,Gorilla:3);\n"
+    (folder / "t.nex.gz").write_bytes(gzip.compress(nexus.encode()))
+    (folder / "t.nwk.xz").write_bytes(lzma.compress(tree.encode()))
+    told = run(folder, "orvex-convert", "t.nex.gz", "nexus.nwk").stderr
+    assert told == "orvex-convert: left out 2 comments and 1 of 2 trees\n", told
+    assert run(folder, "orvex-convert", "--quiet", "t.nwk.xz", "newick.nwk").stderr == ""
+    assert (folder / "nexus.nwk").read_text() == (folder / "newick.nwk").read_text() == narrow
+    piped = subprocess.run([PROGRAMS / "orvex-convert", "--quiet", "-", "-"], input=nexus, text=True,
+                           capture_output=True)
+    assert (piped.stdout, piped.stderr) == (narrow, ""), piped
+    assert run(folder, "orvex-convert", "--list", "t.nex.gz").stdout == "1\t2\tother\n2\t3\t*best\n"
+    run(folder, "orvex-snapshot", "nexus.nwk", "tree.png").check_returncode()
 
 
 @scenario
