@@ -1,5 +1,6 @@
 #include "gui/Viewer.h"
 
+#include "foundation/system/AllocatorMemory.h"
 #include "gui/qt/ImageFile.h"
 #include "render/camera/MouseEvent.h"
 #include "render/gl/device/Multisampling.h"
@@ -89,6 +90,9 @@ Viewer::Viewer(QWidget* parent, const QRect& place) : QGLWidget(Detail::multisam
   _view = new orvex::render::gl::ViewCladogram;
   setFocusPolicy(::Qt::ClickFocus);
   setAttribute(::Qt::WA_DeleteOnClose, true);
+  // The tree goes with the view. The next one may need the memory, and other programs too. Sent
+  // when the context is gone as well, which lies beside the tree.
+  connect(this, &QObject::destroyed, [] { Kelmar::System::giveBackMemory(); });
 }
 
 Viewer::~Viewer()

@@ -34,7 +34,8 @@ void Document::_take(boost::shared_ptr<Tree> tree)
   if (tree)
   {
     requireRoomForDepth(depthOfTree(*tree));
-    requireMemory(tree->getNumberOfNodes());
+    requireMemory("To show the tree's " + std::to_string(tree->getNumberOfNodes()) + " nodes",
+                  memoryToShow(*tree));
   }
   _tree = tree;
 }

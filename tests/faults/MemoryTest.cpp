@@ -6,19 +6,18 @@
 #include "tree/service/JsonTreeList.h"
 #include "tree/service/TreeData.h"
 
-#include <new>
-
-extern char __executable_start, etext; // where the linker puts the program's own code
+#include <cstdlib>
 
 static thread_local struct
 {
   bool armed, failed, everAfter;
   long left;
   std::size_t leastSize;
+  bool isOurs; // asked for by the program's own code
 } plan{};
 
-/// Does something while operator new of this thread fails at its n-th call, counted from 0: at that
-/// call only, or also at all later ones.
+/// Does something while the allocator refuses this thread's n-th operator new, counted from 0: that
+/// one only, or also all later ones.
 /// \param leastSize  above 0: only calls by the program's own code for that many bytes count, not
 ///                   those of shared libraries
 /// \param error  becomes the text of the exception that came out; too short to need memory
@@ -27,21 +26,58 @@ template <class Action>
 static bool failsAtNew(long n, bool everAfter, std::size_t leastSize, std::string& error,
                        Action action)
 {
-  plan = {true, false, everAfter, n, leastSize};
+  plan = {true, false, everAfter, n, leastSize, false};
   error = errorOf(action);
   plan.armed = false;
   return plan.failed;
 }
 
-static bool refuses(std::size_t size, const void* caller)
+static bool refuses(std::size_t size)
 {
-  const bool isOurs = caller > &__executable_start && caller < &etext;
-  if (!plan.armed || size < plan.leastSize || (plan.leastSize > 0 && !isOurs) || plan.left-- > 0)
+  if (!plan.armed || size < plan.leastSize || (plan.leastSize > 0 && !plan.isOurs) ||
+      plan.left-- > 0)
   {
     return false;
   }
   plan.armed = plan.everAfter;
   return plan.failed = true;
+}
+
+struct OursScope
+{
+  OursScope() { plan.isOurs = true; }
+  ~OursScope() { plan.isOurs = false; }
+};
+
+// The linker puts these before malloc, operator new and the one of std::string, where the program's
+// own code calls them. So it is the delivered operator new that meets a lack of memory.
+extern "C"
+{
+#define STRING_NEW(prefix)                                                                         \
+  prefix##_ZNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEE9_M_createERmm
+  void* __real_malloc(std::size_t size);
+  void* __real__Znwm(std::size_t size);
+  char* STRING_NEW(__real_)(std::string* string, std::size_t& capacity, std::size_t before);
+  void* __wrap_malloc(std::size_t size);
+  void* __wrap__Znwm(std::size_t size);
+  char* STRING_NEW(__wrap_)(std::string* string, std::size_t& capacity, std::size_t before);
+
+  void* __wrap_malloc(std::size_t size)
+  {
+    return refuses(size) ? nullptr : __real_malloc(size);
+  }
+
+  void* __wrap__Znwm(std::size_t size)
+  {
+    const OursScope scope;
+    return __real__Znwm(size);
+  }
+
+  char* STRING_NEW(__wrap_)(std::string* string, std::size_t& capacity, std::size_t before)
+  {
+    const OursScope scope;
+    return STRING_NEW(__real_)(string, capacity, before);
+  }
 }
 
 class MemoryTest : public DisplayTest
@@ -121,25 +157,4 @@ TEST_F(MemoryTest, RunningOutShowsABoxAndTheWindowGoesOn)
   }
   EXPECT_GT(n, 10);
   EXPECT_LT(n, 500) << "in the last round the tree is shown";
-}
-
-void* operator new(std::size_t size)
-{
-  void* memory = refuses(size, __builtin_return_address(0)) ? nullptr : std::malloc(size + 1);
-  return memory ? memory : throw std::bad_alloc();
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-  return std::malloc(size + 1);
-}
-
-void operator delete(void* memory) noexcept
-{
-  std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-  std::free(memory);
 }

@@ -3,6 +3,7 @@
 #include "support/Outcome.h"
 #include "tree/model/Tree.h"
 #include "tree/model/TreeMemory.h"
+#include "tree/newick/NewickReader.h"
 
 TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
 {
@@ -28,10 +29,21 @@ TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
 
 TEST(Document, IsRefusedWhereTheMachineCantHoldIt)
 {
-  EXPECT_EQ(errorOf([] { orvex::requireMemory(19'999'999, std::size_t(3) << 29); }),
-            "To show the tree's 19999999 nodes takes 5.4 GiB of memory. 1.5 GiB are free.");
-  orvex::requireMemory(19'999'999, std::size_t(1) << 40);
-  orvex::requireMemory(0, 0);
-  EXPECT_GT(orvex::availableMemory(), std::size_t(1) << 26) << "this machine runs the tests";
-  EXPECT_LT(orvex::availableMemory(), std::size_t(1) << 50);
+  const std::string root = newFolder();
+  std::filesystem::create_directory(root + "/proc");
+  writeFile(root + "/proc/meminfo", "MemTotal: 2097152 kB\nMemAvailable: 1048576 kB\n"
+                                    "SwapTotal: 0 kB\nSwapFree: 0 kB\n");
+  const Kelmar::System::MemoryRoom room(root);
+  EXPECT_EQ(errorOf([&] { orvex::requireMemory("This", std::size_t(3) << 29, room); }),
+            "This takes 1.5 GiB of memory. 1.0 GiB are free of the 2.0 GiB that this machine has.");
+  orvex::requireMemory("This", std::size_t(1) << 30, room);
+}
+
+TEST(Document, CountsForTheMemoryWhatTheRootReaches)
+{
+  const auto toShow = [](const std::string& text)
+  { return orvex::memoryToShow(*orvex::NewickReader().parseContents(text)); };
+  EXPECT_EQ(toShow("(a,b);"), toShow("(a,(b,c));(d,e);")) << "earlier trees are not laid out";
+  EXPECT_GT(toShow("(a,b,c);"), toShow("(a,b);"));
+  EXPECT_EQ(toShow("(a,b);") + 150, toShow("(" + std::string(100, 'a') + ",b);")) << "long names";
 }

@@ -26,6 +26,9 @@ class Tree : private boost::noncopyable
 public:
   using ChildIterator = const int*;
 
+  /// What a node takes of the memory, without its name and a list of more than two children.
+  static constexpr std::size_t bytesPerNode = 24;
+
   Tree() = default;
   virtual ~Tree() = default;
 
@@ -91,7 +94,7 @@ private:
     // More of them are in a list, whose index is then the first number.
     std::array<int, 2> children{};
   };
-  static_assert(sizeof(Node) == 24);
+  static_assert(sizeof(Node) == bytesPerNode);
 
   const Node& _node(int id) const { return _nodes[static_cast<std::size_t>(id)]; }
   Node& _node(int id) { return _nodes[static_cast<std::size_t>(id)]; }

@@ -1,11 +1,12 @@
 #include "tree/model/TreeMemory.h"
 
-#include <cstdint>
+#include "tree/model/Tree.h"
+
+#include <boost/range/iterator_range.hpp>
+
 #include <cstdio>
-#include <fstream>
-#include <limits>
 #include <stdexcept>
-#include <string>
+#include <vector>
 
 namespace orvex
 {
@@ -14,9 +15,19 @@ namespace Detail
 namespace
 {
 
-// The most memory in use until the first frame is drawn, without the tree: measured some 230 bytes
-// for a node of a binary tree and some 280 for one of a star, which has more labels for its nodes.
-constexpr std::size_t bytesPerNode = 290;
+// Measured with trees of a million leaves and names of 7, 100 and 310 bytes, and with a star of as
+// many; a twentieth is added. What does not depend on the tree are the buffers of a frame.
+constexpr std::size_t bytesOfFrame = std::size_t(40) << 20;
+constexpr std::size_t bytesPerNode = 175;
+constexpr std::size_t bytesPerLeaf = 170;
+// Short names lie within their string. A longer one takes a block of its own, of which some is
+// lost.
+constexpr std::size_t longestShortName = 15;
+
+std::size_t bytesOfName(const std::string& name)
+{
+  return name.size() > longestShortName ? name.size() + name.size() / 2 : 0;
+}
 
 std::string inGibibytes(std::size_t bytes)
 {
@@ -28,36 +39,37 @@ std::string inGibibytes(std::size_t bytes)
 } // namespace
 } // namespace Detail
 
-std::size_t memoryToShow(unsigned int numberOfNodes)
+std::size_t memoryToShow(const Tree& tree)
 {
-  return numberOfNodes * Detail::bytesPerNode;
-}
-
-std::size_t availableMemory()
-{
-  std::ifstream lines("/proc/meminfo");
-  std::size_t kibibytes = 0;
-  bool isKnown = false;
-  for (std::string word; lines >> word;)
+  std::size_t bytes = Detail::bytesOfFrame;
+  std::vector<int> left;
+  if (tree.getRootNodeId() >= 0)
   {
-    std::size_t number = 0;
-    if ((word == "MemAvailable:" || word == "SwapFree:") && lines >> number)
-    {
-      kibibytes += number;
-      isKnown = isKnown || word == "MemAvailable:";
-    }
+    left.push_back(tree.getRootNodeId());
   }
-  return isKnown ? kibibytes * 1024 : std::numeric_limits<std::size_t>::max();
+  while (!left.empty())
+  {
+    const int node = left.back();
+    left.pop_back();
+    bytes += Detail::bytesPerNode;
+    if (tree.isLeaf(node))
+    {
+      bytes += Detail::bytesPerLeaf + Detail::bytesOfName(tree.getName(node));
+    }
+    const auto [begin, end] = tree.getChildren(node);
+    left.insert(left.end(), begin, end);
+  }
+  return bytes;
 }
 
-void requireMemory(unsigned int numberOfNodes, std::size_t available)
+void requireMemory(const std::string& work, std::size_t needed,
+                   const Kelmar::System::MemoryRoom& room)
 {
-  const std::size_t needed = memoryToShow(numberOfNodes);
-  if (needed > available)
+  if (needed > room.free())
   {
-    throw std::runtime_error("To show the tree's " + std::to_string(numberOfNodes) +
-                             " nodes takes " + Detail::inGibibytes(needed) + " of memory. " +
-                             Detail::inGibibytes(available) + " are free.");
+    throw std::runtime_error(work + " takes " + Detail::inGibibytes(needed) + " of memory. " +
+                             Detail::inGibibytes(room.free()) + " are free of the " +
+                             Detail::inGibibytes(room.limit()) + " " + room.whose() + ".");
   }
 }
 

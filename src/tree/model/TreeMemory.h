@@ -1,19 +1,24 @@
 #pragma once
 
+#include "foundation/system/MemoryRoom.h"
+
 #include <cstddef>
+#include <string>
 
 namespace orvex
 {
 
-/// Bytes of memory that are needed to lay out and show a tree, without those of the tree itself.
-std::size_t memoryToShow(unsigned int numberOfNodes);
+class Tree;
 
-/// Bytes of memory that the machine can give at present, swap space included. If that is not known,
-/// the result is the largest number.
-std::size_t availableMemory();
+/// Bytes of memory that are needed to lay out a tree and show it, without those of the tree itself:
+/// the most in use until the first frame is drawn, never less and at most a quarter more. Only what
+/// the root reaches is laid out.
+std::size_t memoryToShow(const Tree& tree);
 
-/// Refuses a tree for which the memory is too small: the system would kill the program.
-/// \throws std::runtime_error  if the nodes take more than \p available bytes
-void requireMemory(unsigned int numberOfNodes, std::size_t available = availableMemory());
+/// Refuses a work for which the memory is too small: the system would kill the program.
+/// \param work  begins the text of the refusal, as "To read the file"
+/// \throws std::runtime_error  if it takes more than is free; says how much and whose limit it is
+void requireMemory(const std::string& work, std::size_t needed,
+                   const Kelmar::System::MemoryRoom& room = Kelmar::System::MemoryRoom());
 
 } // namespace orvex

@@ -2,6 +2,7 @@
 
 #include "foundation/progress/Work.h"
 #include "tree/model/OpeningStages.h"
+#include "tree/model/TreeMemory.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
 #include <boost/filesystem/convenience.hpp>
@@ -52,6 +53,12 @@ void readPieces(const std::string& filename, Take take)
 std::string readWithoutLineEnds(const std::string& filename)
 {
   const std::size_t size = boost::filesystem::file_size(boost::filesystem::path(filename));
+  // Before the text is read. A small one is there sooner than the answer.
+  constexpr std::size_t leastToAsk = std::size_t(1) << 20;
+  if (size >= leastToAsk)
+  {
+    requireMemory("To read the file", size);
+  }
   std::string text;
   text.reserve(size);
   Kelmar::Progress::Work work(OpeningStages::reading, size, 0.0, NewickFile::shareOfReading);

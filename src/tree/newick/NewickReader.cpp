@@ -3,6 +3,7 @@
 #include "foundation/progress/Work.h"
 #include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
+#include "tree/model/TreeMemory.h"
 #include "tree/newick/BadBranchLength.h"
 #include "tree/newick/NewickFile.h"
 
@@ -99,6 +100,18 @@ std::string reasonInFormat(const std::string& contents)
   return isNexus ? "This is a NEXUS file; orvex-convert makes Newick of it." : "";
 }
 
+// Before the tree is made. Only for a large one, since to ask takes longer than to read a small
+// one.
+void requireMemoryForNodes(std::size_t nodes)
+{
+  constexpr std::size_t leastToAsk = 100'000;
+  if (nodes >= leastToAsk)
+  {
+    requireMemory("To read the " + std::to_string(nodes) + " nodes of the file",
+                  nodes * Tree::bytesPerNode);
+  }
+}
+
 // A comma or parenthesis outside of all groups.
 struct Misplaced
 {
@@ -148,6 +161,7 @@ boost::shared_ptr<Tree> NewickReader::_parse(const std::string& contents, const 
   }
   _tree.reset();
   _expectedNodes = Detail::countNodes(contents);
+  Detail::requireMemoryForNodes(_expectedNodes);
   std::size_t position = 0;
   try
   {
