@@ -56,7 +56,7 @@ bool isNumber(const std::string& text)
   return boost::conversion::try_lexical_convert(text, number);
 }
 
-// Other Newick readers accept blanks, comments and quotes, so a file may have them.
+// Other Newick readers accept blanks, comments, marks and quotes, so a file may have them.
 std::string reasonIn(const std::string& name, const std::string& length)
 {
   if (isNumber(trimmed(length)))
@@ -66,6 +66,10 @@ std::string reasonIn(const std::string& name, const std::string& length)
   if ((name + length).find_first_of("[]") != std::string::npos)
   {
     return "Comments have no meaning in this format. orvex-convert takes them out.";
+  }
+  if (length.find_first_of("{}") != std::string::npos)
+  {
+    return "Marks in braces have no meaning in this format. orvex-convert takes them out.";
   }
   const std::string start = trimmed(name).substr(0, 1);
   if (start == "'" || start == "\"" || length.find_first_of("'\"") != std::string::npos)

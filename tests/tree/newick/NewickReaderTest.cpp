@@ -87,6 +87,8 @@ TEST(NewickReader, SaysWhichLengthIsNoNumberAndWhy)
       " Comments have no meaning in this format. orvex-convert takes them out.";
   const std::string quotes =
       " Quotes have no meaning in this format. orvex-convert takes them out.";
+  const std::string marks =
+      " Marks in braces have no meaning in this format. orvex-convert takes them out.";
   const std::string blanks =
       " No blank may stand before or after a number. orvex-convert takes such blanks out.";
   const std::string most = "a23456789b123456789c123456789d123456789e123456789f12345678\xC3\xA9";
