@@ -150,7 +150,7 @@ def progress_on_a_terminal(folder):
         subprocess.run([PROGRAMS / "orvex-generate", "random", "500000"], check=True, stdout=file)
     texts = [shown("orvex-generate", "random", "3000000", stdout=subprocess.DEVNULL),
              shown("orvex-snapshot", "large.nwk", "large.png")]
-    for text, word in zip(texts, ("Writing the tree", "Drawing the first picture")):
+    for text, word in zip(texts, ("Writing the tree", "Building the scene")):
         shares = [int(share) for share in re.findall("(\\d+) %", text)]
         assert word in text and shares == sorted(shares) and shares[-1] > 80, text
         assert text.endswith("\r\033[K"), text
