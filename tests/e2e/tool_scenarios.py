@@ -56,6 +56,11 @@ def service_answers(folder):
                          "/trees/3%00"):
                 status, answer = asked(path)
                 assert status == 404 and re.fullmatch('{"error":".+"}', answer), path
+            for host, status in (("LOCALHOST:%d", 200), ("[::1]:%d", 200), ("a.example:%d", 421),
+                                 ("localhost:1%d", 421), ("localhost.a.example:%d", 421),
+                                 ("127.0.0.1", 421), ("", 421)):
+                name = host.replace("%d", str(port))
+                assert asked("/trees", Host=name)[0] == status, name
             assert asked("/trees", "POST")[0] == 405
             assert asked("/trees/3", Range="bytes=0-,0-")[0] == 416
             (trees / "b.nwk").rename(folder / "away")
@@ -64,6 +69,7 @@ def service_answers(folder):
         errors = server.stderr.read()
         assert "0.nwk is left out: it holds no tree" in errors
         assert "link.nwk is left out: it leads out of the folder" in errors
+        assert re.findall("a request for the host (.*) is refused", errors) == [f'"a.example:{port}"']
 
 
 @scenario

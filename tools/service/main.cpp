@@ -4,6 +4,8 @@
 #include "service/TreeJson.h"
 #include "tree/model/Tree.h"
 
+#include <boost/algorithm/string/predicate.hpp>
+
 #include <httplib.h>
 
 #include <getopt.h>
@@ -16,6 +18,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -97,6 +100,37 @@ void serve(const TreeFolder& folder, const httplib::Request& request, httplib::R
   answer(response, 200, orvex::service::toJson(*tree));
 }
 
+/// Whether a request names this machine. A web page can give a name of its own the loopback
+/// address, and the browser would let it read the answers; but the request then has that name.
+bool isForThisMachine(const httplib::Request& request, int port)
+{
+  const std::string host = request.get_header_value("Host");
+  const std::string suffix = ":" + std::to_string(port);
+  for (const std::string name : {"localhost", address, "[::1]"})
+  {
+    // Clients leave out the port that is the usual one.
+    if (boost::iequals(host, name + suffix) || (port == 80 && boost::iequals(host, name)))
+    {
+      return request.get_header_value_count("Host") == 1;
+    }
+  }
+  return false;
+}
+
+void refuseHost(const httplib::Request& request, httplib::Response& response)
+{
+  static std::once_flag told;
+  std::call_once(told,
+                 [&]
+                 {
+                   std::cerr << "a request for the host " +
+                                    orvex::service::toJson(request.get_header_value("Host")) +
+                                    " is refused, as are all others that don't name this machine\n"
+                             << std::flush;
+                 });
+  answerError(response, 421, "Only requests to this machine by its own name are answered.");
+}
+
 void listenOn(httplib::Server& server, int port)
 {
   // The library's own options would let a second server share the port.
@@ -113,7 +147,7 @@ void listenOn(httplib::Server& server, int port)
   }
 }
 
-void configure(httplib::Server& server, const TreeFolder& folder)
+void configure(httplib::Server& server, const TreeFolder& folder, int port)
 {
   // The connection is closed if a client sends or takes nothing for so many seconds.
   server.set_read_timeout(5);
@@ -125,8 +159,13 @@ void configure(httplib::Server& server, const TreeFolder& folder)
   // Called before the library's own routes, which match regular expressions on any text of a
   // client.
   server.set_pre_routing_handler(
-      [&](const httplib::Request& request, httplib::Response& response)
+      [&folder, port](const httplib::Request& request, httplib::Response& response)
       {
+        if (!isForThisMachine(request, port))
+        {
+          refuseHost(request, response);
+          return httplib::Server::HandlerResponse::Handled;
+        }
         try
         {
           serve(folder, request, response);
@@ -160,7 +199,7 @@ void serveFolder(const Options& options)
   httplib::Server server;
   listenOn(server, options.port);
   const TreeFolder folder(options.folder, std::cerr);
-  configure(server, folder);
+  configure(server, folder, options.port);
 
   // The signals are blocked in all threads that are started later; this thread waits for them.
   sigset_t signals;
