@@ -32,11 +32,12 @@ void handle(int)
   errno = before;
 }
 
-// nohup lets a program start so, for it to outlive its terminal.
-bool isIgnoredHangup(int signal)
+// nohup lets a program start so, for it to outlive its terminal; so does a script that starts one
+// in the background, for it to outlive a Ctrl+C.
+bool isIgnored(int signal)
 {
   struct sigaction now = {};
-  return signal == SIGHUP && sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_IGN;
+  return sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_IGN;
 }
 
 void handleBy(void (*handler)(int))
@@ -46,7 +47,7 @@ void handleBy(void (*handler)(int))
   action.sa_flags = SA_RESTART;
   for (const int signal : endSignals)
   {
-    if (!isIgnoredHangup(signal))
+    if (!isIgnored(signal))
     {
       sigaction(signal, &action, nullptr);
     }

@@ -10,8 +10,8 @@ class QSocketNotifier;
 namespace Brevan
 {
 
-/// In its lifetime SIGTERM, SIGINT and SIGHUP close all windows as a user does. A SIGHUP that the
-/// process was started to ignore stays ignored. One at a time; needs the application object.
+/// In its lifetime SIGTERM, SIGINT and SIGHUP close all windows as a user does. Those that the
+/// process was started to ignore stay ignored. One at a time; needs the application object.
 class EndSignals : private boost::noncopyable
 {
 public:

@@ -1,5 +1,6 @@
 #include "shell/Program.h"
 
+#include "foundation/system/Terminal.h"
 #include "foundation/system/UserDirectory.h"
 #include "gui/MainWindow.h"
 #include "gui/qt/Strings.h"
@@ -10,7 +11,9 @@
 
 #include <boost/filesystem/operations.hpp>
 
+#include <algorithm>
 #include <ios>
+#include <string>
 
 namespace Brevan
 {
@@ -30,22 +33,36 @@ void identify(const std::string& organisation, const std::string& domain, const 
   QGuiApplication::setDesktopFileName("orvex-tree-viewer");
 }
 
+/// \param argc, argv  what Qt has left over of the arguments, after the program's own name
+void answerArguments(int argc, const char* const* argv)
+{
+  if (argc < 2)
+  {
+    return;
+  }
+  const std::string hint = "no file is opened at start; use File > Open";
+  const bool version = std::find(argv + 1, argv + argc, std::string("--version")) != argv + argc;
+  Kelmar::System::tellOnTerminal(((version ? "version " ORVEX_VERSION "; " : "") + hint).c_str());
+}
+
 } // namespace
 } // namespace Detail
 
 int Program::run(int argc, char** argv)
 {
   std::ios_base::sync_with_stdio(true);
-  Helper::installQtOutput();
   const std::string organisation = "TesmarGroup";
   const std::string domain = "tesmar.example";
   const std::string name = "Orvex Tree Viewer";
 
   const std::string directory = Kelmar::User::Directory::program(organisation, name);
+  const std::string log = directory + "/" + name + ".stdout";
+  Helper::installQtOutput(log);
   boost::filesystem::create_directories(directory);
-  const StreamRedirect redirect(directory + "/" + name + ".stdout");
+  const StreamRedirect redirect(log);
 
   const Application application(argc, argv);
+  Detail::answerArguments(argc, argv);
   Detail::identify(organisation, domain, name);
 
   const EndSignals ending;

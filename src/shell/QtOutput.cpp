@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <iostream>
 #include <stdexcept>
+#include <string>
 
 namespace Helper
 {
@@ -47,19 +48,40 @@ void write(QtMsgType type, std::string text)
   }
 }
 
+// A message handler is given neither of them.
+std::string logName;
+bool displayRefused = false;
+
+// Qt ends with the same message whether its plugin found no display or could not be loaded; but the
+// plugins that were loaded say before that they found none.
+bool refusesDisplay(const QString& message)
+{
+  return message.contains("could not connect to display") ||
+         message.contains("Failed to create wl_display");
+}
+
+// Qt, which has no platform then, would advise a new installation and abort.
+[[noreturn]] void endWithoutPlatform()
+{
+  const std::string reason = displayRefused
+                                 ? "no display can be reached"
+                                 : "Qt can load no platform plugin for the display; see " + logName;
+  Kelmar::Functions::TerminationReport::end(std::runtime_error(reason));
+}
+
 void handle(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
   try
   {
     qtOutput(type, Tools::Qt::text(message).c_str());
+    displayRefused = displayRefused || refusesDisplay(message);
   }
   catch (...)
   {
   }
-  // Qt, which has no platform then, would advise a new installation and abort.
   if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty())
   {
-    Kelmar::Functions::TerminationReport::end(std::runtime_error("no display can be reached"));
+    endWithoutPlatform();
   }
 }
 
@@ -81,8 +103,9 @@ void qtOutput(QtMsgType type, const char* message)
   }
 }
 
-void installQtOutput()
+void installQtOutput(const std::string& log)
 {
+  Detail::logName = log;
   qInstallMessageHandler(Detail::handle);
 }
 

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <string>
+
 namespace Helper
 {
 
@@ -11,7 +13,8 @@ namespace Helper
 void qtOutput(QtMsgType type, const char* message);
 
 /// Makes qtOutput the handler of all messages of Qt. The fatal one of an application object that
-/// can reach no display then ends the process by TerminationReport::end.
-void installQtOutput();
+/// can reach no display, or load no plugin for it, then ends the process by TerminationReport::end.
+/// \param log  where the user finds what qtOutput writes
+void installQtOutput(const std::string& log);
 
 } // namespace Helper

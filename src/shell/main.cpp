@@ -1,5 +1,6 @@
 #include "foundation/guard/ExceptionHandler.h"
 #include "foundation/guard/TerminationReport.h"
+#include "foundation/system/Environment.h"
 #include "foundation/system/LargePages.h"
 #include "foundation/system/StackLimit.h"
 #include "foundation/system/Terminal.h"
@@ -7,6 +8,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <string>
 
 int main(int argc, char** argv)
 try
@@ -25,7 +27,10 @@ try
   catch (const std::exception& e)
   {
     exceptionHandler("1630567380", e, failure);
-    Kelmar::System::tellOnTerminal(e.what());
+    // Without it there is no failure but this one, whose text does not name it.
+    Kelmar::System::tellOnTerminal(Kelmar::System::Environment::has("HOME")
+                                       ? e.what()
+                                       : (std::string(e.what()) + " (HOME is not set)").c_str());
   }
   catch (...)
   {

@@ -70,24 +70,33 @@ def no_start(folder):
     """Why there is none stands in a line on the terminal and in one of "exception.txt"."""
     for changes, reason in (({"HOME": None}, "Error 3888703160: "), ({"HOME": ""}, "Error 3888703160: "),
                             ({"HOME": "/proc/none"}, "boost::filesystem::"),
-                            ({"DISPLAY": None}, "no display can be reached")):
+                            ({"DISPLAY": None}, "no display can be reached"),
+                            ({"QT_QPA_PLATFORM": "none"}, f"Qt can load .*; see {folder}/.*stdout")):
         variables = {k: v for k, v in environment(folder, **changes).items() if v is not None}
         ended = subprocess.run([VIEWER], cwd=folder, env=variables, text=True, capture_output=True)
         assert ended.returncode == 1, ended
-        assert re.fullmatch(f"orvex-tree-viewer: {reason}.*\n", ended.stderr), ended
-        text = (folder / "exception.txt").read_text()
-        assert text == ended.stderr.replace("orvex-tree-viewer", "Error 1630567380"), text
+        home = " \\(HOME is not set\\)" if "Error" in reason else ""
+        line = re.fullmatch(f"orvex-tree-viewer: ({reason}.*){home}\n", ended.stderr)
+        assert line, ended
+        assert (folder / "exception.txt").read_text() == f"Error 1630567380: {line[1]}\n"
     assert "Qt Fatal Message: " in (folder / LOG).read_text()
 
 
 @scenario
 def signals(folder):
-    """They close what is open, so that the next window has the size of the last one."""
+    """They close what is open, so that the next window has the size of the last one. What the start
+    lets the program ignore stays ignored."""
     before = (800, 600)
     for number, size in ((signal.SIGTERM, (640, 500)), (signal.SIGINT, (660, 520)),
                          (signal.SIGHUP, (680, 540)), (signal.SIGTERM, (700, 560))):
-        with viewer(folder, before=lambda: signal.signal(signal.SIGHUP, signal.SIG_DFL),
+        def ignore_others():
+            for other in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+                signal.signal(other, signal.SIG_DFL if other == number else signal.SIG_IGN)
+
+        with viewer(folder, before=ignore_others,
                     leave=lambda main: main.process.send_signal(number)) as main:
+            for other in {signal.SIGTERM, signal.SIGINT, signal.SIGHUP} - {number}:
+                main.process.send_signal(other)
             wait_for(f"the size {before}", lambda: main.size() == before)
             xdotool("windowsize", main.window, *size)
             wait_for(f"the size {size}", lambda: main.size() == size)
@@ -123,10 +132,16 @@ def second_start(folder):
     (folder / LOG).parent.mkdir(parents=True)
     for name in (LOG, "exception.txt"):
         (folder / name).write_text("before\n")
-    with viewer(folder, "wide.nwk") as main:
-        xdotool("key", "ctrl+o")
-        confirm("Open", keys=["Escape"])  # all that came before is done
-        assert lit(main.screenshot()) == 0
+    hint = "no file is opened at start; use File > Open\n"
+    for arguments, line in ((["-style", "fusion"], ""),
+                            (["wide.nwk"], f"orvex-tree-viewer: {hint}"),
+                            (["-x", "--version"], f"orvex-tree-viewer: version 0.2; {hint}")):
+        with open(folder / "errors", "w+") as errors:
+            with viewer(folder, *arguments, errors=errors) as main:
+                xdotool("key", "ctrl+o")
+                confirm("Open", keys=["Escape"])  # all that came before is done
+                assert lit(main.screenshot()) == 0
+            assert (folder / "errors").read_text() == line
     assert (folder / "exception.txt").read_text() == ""
     assert "before" not in (folder / LOG).read_text()
 

@@ -36,7 +36,7 @@ TEST_F(ApplicationTest, LogsMessagesOfQtUnderTheirLevels)
   Helper::qtOutput(QtFatalMsg, "worse");
   Helper::qtOutput(QtInfoMsg, "has no level in the log");
   Helper::qtOutput(QtDebugMsg, nullptr);
-  Helper::installQtOutput();
+  Helper::installQtOutput("");
   qWarning("%s", "\xc3\xa9toile");
   qInstallMessageHandler(nullptr);
   EXPECT_EQ(log(), "Qt Warning Message: odd\nthing\nQt Debug Message: \nQt Critical Message: bad\n"

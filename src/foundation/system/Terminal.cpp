@@ -6,10 +6,9 @@
 namespace Kelmar::System
 {
 
-void tellOnTerminal(const char* reason) noexcept
+void tellOnTerminal(const char* text) noexcept
 {
-  std::fprintf(stderr, "%s: %s\n", program_invocation_short_name,
-               reason ? reason : "unknown failure");
+  std::fprintf(stderr, "%s: %s\n", program_invocation_short_name, text ? text : "unknown failure");
 }
 
 } // namespace Kelmar::System
