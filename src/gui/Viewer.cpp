@@ -4,7 +4,7 @@
 #include "gui/qt/ImageFile.h"
 #include "render/camera/MouseEvent.h"
 #include "render/gl/device/Multisampling.h"
-#include "render/gl/device/ResolvedFrame.h"
+#include "render/gl/device/ReadFrame.h"
 #include "render/gl/view/ViewCladogram.h"
 
 #include <boost/make_shared.hpp>
@@ -158,20 +158,14 @@ void Viewer::writeImageFile(const std::string& name)
 
 QImage Viewer::picture()
 {
-  using orvex::render::gl::ResolvedFrame;
   // Once a frame has been shown, the content of the buffer is undefined. So it is drawn again.
   makeCurrent();
   paintGL();
-  // Some drivers read only one sample of each pixel, but the screen shows the mean of all samples.
-  // A copy into a buffer without samples forms the mean.
-  if (!format().sampleBuffers() || !ResolvedFrame::isSupported())
-  {
-    return grabFrameBuffer(false);
-  }
   const QSize pixels = size() * devicePixelRatioF();
-  const ResolvedFrame resolved(static_cast<unsigned int>(pixels.width()),
-                               static_cast<unsigned int>(pixels.height()));
-  return grabFrameBuffer(false);
+  QImage image(pixels, QImage::Format_RGBX8888);
+  orvex::render::gl::readFrame(static_cast<unsigned int>(pixels.width()),
+                               static_cast<unsigned int>(pixels.height()), image.bits());
+  return image.mirrored().convertToFormat(QImage::Format_RGB32);
 }
 
 void Viewer::mousePressEvent(QMouseEvent* event)

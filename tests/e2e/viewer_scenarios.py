@@ -170,19 +170,36 @@ def wayland(folder):
 
 @scenario
 def fractional_scale(folder):
-    """The view reaches up to its topmost row, whose left end is that of the thumbnail's rectangle."""
-    with viewer(folder, QT_SCALE_FACTOR="1.25") as main:
-        main.show()
-        for height in range(700, 705):
-            xdotool("windowsize", main.window, 900, height)
+    """The view reaches up to its topmost row, whose left end is that of the thumbnail's rectangle, and
+    a picture of it has each of its pixels."""
+    def exported_as_shown(main, scale, width, height):
+        def reaches_up():
+            w, h, data = main.screenshot()
+            rows = (data[i:i + 3 * w] for i in range(0, len(data), 3 * w))
+            top = next((row for row in rows if row.endswith(b"\0\0\0")), bytes(3))
+            return (w, h) == (width, height) and top[2] > 100
 
-            def reaches_up():
-                w, h, data = main.screenshot()
-                rows = (data[i:i + 3 * w] for i in range(0, len(data), 3 * w))
-                top = next((row for row in rows if row.endswith(b"\0\0\0")), bytes(3))
-                return h == height and top[2] > 100
+        xdotool("windowsize", main.window, width, height)
+        wait_for(f"a view of the whole height at {height}", reaches_up)
+        _, _, shown = main.settled()
+        picture = folder / f"{scale}-{width}-{height}.png"
+        main.export(picture)
+        wait_for("the picture", picture.exists)
+        w, h, exported = pixels(picture)
+        # The menu bar is above. Its height is rounded as well, so that the view's last row may lie
+        # below the window.
+        tops = [3 * w * row for row in (height - h, height - h + 1)]
+        return w == width and 0 < height - h < h and any(
+            shown[top:] == exported[:len(shown) - top] for top in tops)
 
-            wait_for(f"a view of the whole height at {height}", reaches_up)
+    for scale in ("1", "1.25"):
+        home = folder / f"home-{scale}"
+        home.mkdir()
+        with viewer(home, QT_SCALE_FACTOR=scale) as main:
+            main.show()
+            wrong = [size for size in ((900, 700), (903, 701), (905, 702), (910, 703))
+                     if not exported_as_shown(main, scale, *size)]
+            assert not wrong, (scale, wrong)
 
 
 @scenario

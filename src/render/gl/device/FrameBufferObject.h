@@ -19,9 +19,13 @@ public:
 
   void bind();
   void unbind();
-  /// Binds this object and gives it a new texture of a size, in RGBA, to draw into.
+  /// Binds this object and gives it a new texture of a size to draw into.
   /// \param texture  has no object yet; must live as long as this object is drawn into
-  void attachTexture(TextureName& texture, unsigned int width, unsigned int height);
+  /// \param format  in which the texture is kept: GL_RGBA8 or GL_RGB8
+  void attachTexture(TextureName& texture, unsigned int width, unsigned int height,
+                     unsigned int format);
+  /// Whether the driver can draw into what is attached. The object must be bound.
+  bool isComplete() const;
 
   static bool isSupported();
 

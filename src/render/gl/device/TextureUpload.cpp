@@ -1,6 +1,6 @@
 #include "render/gl/device/TextureUpload.h"
 
-#include <boost/core/noncopyable.hpp>
+#include "render/gl/device/PixelStoreScope.h"
 
 namespace orvex::render::gl
 {
@@ -8,14 +8,6 @@ namespace Detail
 {
 namespace
 {
-
-/// Saves the pixel store modes of the current context and restores them at the end of the scope.
-class PixelStoreScope : private boost::noncopyable
-{
-public:
-  PixelStoreScope() { glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT); }
-  ~PixelStoreScope() { glPopClientAttrib(); }
-};
 
 void uploadTexture(TextureName& texture, GLenum format, unsigned int width, unsigned int height,
                    const unsigned char* pixels)

@@ -42,6 +42,10 @@ FontFile systemFontFile(const std::string& family)
     return {};
   }
   const Detail::Pattern wanted(FcPatternCreate(), &FcPatternDestroy);
+  if (!wanted)
+  {
+    return {};
+  }
   FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
   FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
   FcDefaultSubstitute(wanted.get());

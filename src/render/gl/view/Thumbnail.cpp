@@ -177,7 +177,7 @@ void Thumbnail::_createPicture()
   // In a window of a few pixels the column is empty, and OpenGL allows no empty framebuffer.
   if (!_column.empty())
   {
-    _frameBuffer->attachTexture(_target, _column.width, _column.height);
+    _frameBuffer->attachTexture(_target, _column.width, _column.height, GL_RGBA8);
     _drawPicture();
   }
 }

@@ -5,6 +5,7 @@
 #include "render/gl/draw/LineStrip.h"
 #include "render/gl/draw/RenderGraph.h"
 #include "render/gl/draw/Triangle.h"
+#include "render/gl/scene/CullPass.h"
 #include "render/gl/scene/CullVisitor.h"
 #include "support/Outcome.h"
 
@@ -182,4 +183,17 @@ TEST(Culling, ShowsNoProxiesAtTheGreatestZoomAndNoLabelsWithoutText)
   EXPECT_EQ(cull(scene, {4, 10, 1.0, 0.0, false, false}).labels, 0u) << "no text";
   // All labels in view: the pass without text chose none for this level.
   EXPECT_EQ(cull(scene, {4, 10, 60.0}).labels, 11u) << "58 pixels a leaf";
+}
+
+TEST(Culling, OfAPassThatCannotBeInvertedFailsWithoutANoteOfDeletedObjects)
+{
+  const Scene scene("(a,b);");
+  const boost::intrusive_ptr<State> state(
+      new State({{0, 0, 10, 10}, Kelmar::Math::Matrix44d::scale({0.0, 1.0, 1.0}), {}}));
+  const boost::intrusive_ptr<CameraCladogram> camera(new CameraCladogram);
+  const boost::intrusive_ptr<DisplaySettings> settings(new DisplaySettings);
+  std::string error;
+  const auto cullIt = [&] { cullPass(scene.builder.root().get(), *state, *camera, *settings); };
+  EXPECT_EQ(outputOf([&] { error = errorOf(cullIt); }), "");
+  EXPECT_EQ(error, "Error 2318439298: Matrix inverse does not exist");
 }

@@ -119,7 +119,7 @@ TEST_F(ViewTest, AFrameIsOpaqueAlsoWhereThingsAreBlended)
   view->render(); // makes the thumbnail's picture, for which another buffer is bound
   TextureName texture;
   FrameBufferObject frame;
-  frame.attachTexture(texture, 1000, 600);
+  frame.attachTexture(texture, 1000, 600, GL_RGBA8);
   view->render();
   std::vector<GLubyte> alpha(1000 * 600);
   glReadPixels(0, 0, 1000, 600, GL_ALPHA, GL_UNSIGNED_BYTE, alpha.data());
