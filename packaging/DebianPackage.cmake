@@ -29,16 +29,21 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_STRIP_FILES ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+# An upgrade of the system upgrades the package too: 1~deb12u1 comes before 1~deb13u1.
+cmake_host_system_information(RESULT system QUERY DISTRIB_ID)
+cmake_host_system_information(RESULT system_version QUERY DISTRIB_VERSION_ID)
+cmake_host_system_information(RESULT suite QUERY DISTRIB_VERSION_CODENAME)
+string(REGEX REPLACE "^debian$" "deb" system "${system}")
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1~${system}${system_version}u1)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${ORVEX_ORGANISATION_URL})
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Loaded when the program runs, so that no library's name tells: without the driver nothing is drawn,
-# without a font the leaves have no names. TIFF is one of four kinds of picture.
+# without a font the leaves have no names. TIFF is one of four kinds of picture, and a session of
+# Wayland may have no X.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
   "libgl1-mesa-dri, fonts-liberation2 | fonts-liberation | fonts-croscore")
-# In a Wayland session that has no X, the plugin for Wayland makes the window.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt5-image-formats-plugins, qtwayland5")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS xvfb)
 
