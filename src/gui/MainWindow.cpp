@@ -272,8 +272,7 @@ void MainWindow::_toggleAlwaysShowHighLod()
   orvex::render::DisplaySettings* settings = _viewer ? _viewer->settings() : nullptr;
   if (!settings)
   {
-    // A checkable action changes its mark by itself when it is used. As nothing was changed here,
-    // the mark is set back.
+    // Qt has toggled the mark; nothing changed, so it is toggled back.
     _ui->actionAlways_Show_Tree->setChecked(!_ui->actionAlways_Show_Tree->isChecked());
     return;
   }

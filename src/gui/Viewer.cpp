@@ -225,6 +225,7 @@ void Viewer::keyPressEvent(QKeyEvent* event)
   {
     return;
   }
+  // Held, as all that is counted is, so that it can't go while it is used.
   const boost::intrusive_ptr<orvex::render::CameraCladogram> held(camera());
   held->reset();
   update();
@@ -233,7 +234,7 @@ void Viewer::keyPressEvent(QKeyEvent* event)
 void Viewer::resizeGL(int width, int height)
 {
   QGLWidget::resizeGL(width, height);
-  // At a scale of 1.25 Qt rounds the window's size, but cuts off the fractions of these two.
+  // At a scale such as 1.25 Qt passes these two rounded down, but rounds the window's own size.
   const QSize pixels = size() * devicePixelRatioF();
   // To the view another resize would mean to prepare the frame again.
   if (std::exchange(_prepared, QSize()) != pixels)

@@ -19,7 +19,7 @@ namespace
 
 constexpr std::array<int, 3> endSignals{SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler is given nothing else.
+// Global, since a handler gets no argument of ours.
 volatile std::sig_atomic_t handlerEnd = -1;
 
 // It may interrupt any other code, so it only leaves a byte for the event loop.

@@ -39,7 +39,7 @@ try
   }
   return EXIT_FAILURE;
 }
-catch (...) // of the report itself
+catch (...) // exception.txt could not be written
 {
   return EXIT_FAILURE;
 }

@@ -17,14 +17,14 @@ void Document::read(const std::string& filename)
   {
     return;
   }
-  const Kelmar::System::LargePages pages;
+  const Kelmar::System::LargePages pages; // for the tree, which is made now and not moved later
   NewickReader reader;
   _take(reader(filename));
 }
 
 void Document::loadFromHalvane(int id)
 {
-  const Kelmar::System::LargePages pages;
+  const Kelmar::System::LargePages pages; // as in read
   Reader reader;
   _take(reader(id));
 }

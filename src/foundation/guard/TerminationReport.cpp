@@ -12,7 +12,7 @@ namespace Detail
 namespace
 {
 
-// A terminate handler is given nothing.
+// Global, since a handler gets no argument of ours.
 const char* reportId = nullptr;
 std::ostream* reportStream = nullptr;
 std::terminate_handler handlerBefore = nullptr;

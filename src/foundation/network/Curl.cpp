@@ -150,6 +150,7 @@ unsigned long Curl::_writeDataCB(void* buffer, unsigned long size, unsigned long
   }
 }
 
+// A value other than 0 would end the transfer; nothing here does.
 int Curl::_progress(double, double, double, double)
 {
   return 0;

@@ -102,7 +102,9 @@ const Value::Array& getChildren(const Value& node, int id)
 } // namespace
 } // namespace orvex::Detail
 
-// Recurses once for each level of the tree; the depth is checked before.
+// Recurses once for each level of the tree; the depth is checked before. It has no namespace, the
+// value by its full type and the tree by value, since its form is prescribed so. The loop has an
+// index and not an iterator, so that a level takes little of the stack.
 static int createNode(const json_spirit::Value_impl<json_spirit::Config_map<std::string>>& value,
                       boost::shared_ptr<orvex::Tree> tree)
 {

@@ -3,8 +3,8 @@
 #include "foundation/math/InverseMatrix.h"
 #include "foundation/progress/Work.h"
 #include "render/gl/device/ClientArrays.h"
-#include "render/gl/device/FrameBufferGuard.h"
 #include "render/gl/device/FrameBufferObject.h"
+#include "render/gl/device/FrameBufferScope.h"
 #include "render/gl/device/Image.h"
 #include "render/gl/device/OpenGL.h"
 #include "render/gl/device/Texture2D.h"
@@ -166,7 +166,7 @@ void Thumbnail::_createPicture()
     return;
   }
   // What is bound now is what the frame is drawn into.
-  const FrameBufferGuard frame;
+  const FrameBufferScope frame;
   _target.remove();
   _frameBuffer = std::make_unique<FrameBufferObject>();
   if (_picture)

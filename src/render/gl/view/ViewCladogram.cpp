@@ -114,7 +114,7 @@ void ViewCladogram::update()
   {
     return;
   }
-  const Kelmar::System::LargePages pages;
+  const Kelmar::System::LargePages pages; // for layout and scene; frames take small pages
   SceneBuilder builder(tree());
   builder.buildScene(layout->layout(tree()));
   _root = builder.root();

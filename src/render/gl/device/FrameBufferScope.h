@@ -8,11 +8,11 @@ namespace orvex::render::gl
 /// At the end of the scope, binds the framebuffer object again that was bound at its start; the
 /// window, if none was. Both ends need the same context current.
 /// \pre FrameBufferObject::isSupported()
-class FrameBufferGuard : private boost::noncopyable
+class FrameBufferScope : private boost::noncopyable
 {
 public:
-  FrameBufferGuard();
-  ~FrameBufferGuard();
+  FrameBufferScope();
+  ~FrameBufferScope();
 
 private:
   unsigned int _before = 0;
