@@ -10,7 +10,7 @@
 //   cold-start floor FILE MIB   what no program can do without: reads the file, counts its
 //                               structural characters, writes to that much memory
 
-#include "render/gl/device/OpenGL.h"
+#include "support/GlWindow.h"
 
 #include "foundation/progress/Listening.h"
 #include "foundation/system/LargePages.h"
@@ -31,7 +31,6 @@
 #include <nlohmann/json.hpp>
 
 #include <QApplication>
-#include <QGLWidget>
 
 #include <sys/resource.h>
 
@@ -87,13 +86,7 @@ private:
 
 std::unique_ptr<QGLWidget> makeWindow()
 {
-  QGLFormat format;
-  format.setSampleBuffers(true);
-  auto window = std::make_unique<QGLWidget>(format);
-  window->resize(width, height);
-  window->show();
-  QApplication::processEvents();
-  window->makeCurrent();
+  auto window = makeGlWindow(width, height, true);
   glewInit();
   return window;
 }

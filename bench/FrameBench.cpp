@@ -1,14 +1,13 @@
 // Whole frames in a window. The column CPU is the time of the main thread. A software renderer
 // fills the pixels in threads of its own, and the column Time includes them.
 
-#include "render/gl/device/OpenGL.h"
+#include "support/GlWindow.h"
 
 #include "BenchTrees.h"
 #include "render/gl/view/ViewCladogram.h"
 #include "tree/model/Tree.h"
 
 #include <QApplication>
-#include <QGLWidget>
 
 #include <memory>
 
@@ -27,17 +26,6 @@ constexpr int height = 800;
 class Stage
 {
 public:
-  Stage()
-  {
-    QGLFormat format;
-    format.setSampleBuffers(true); // as the viewer asks
-    _window = std::make_unique<QGLWidget>(format);
-    _window->resize(width, height);
-    _window->show();
-    QApplication::processEvents();
-    _window->makeCurrent();
-  }
-
   /// \param percent  how far zoomed in, as a share of what is possible
   View& view(unsigned int leaves, double percent)
   {
@@ -60,7 +48,7 @@ private:
   char _name[12] = "bench-frame";
   char* _argv[2] = {_name, nullptr};
   QApplication _application{_argc, _argv};
-  std::unique_ptr<QGLWidget> _window;
+  std::unique_ptr<QGLWidget> _window = makeGlWindow(width, height, true); // as the viewer asks
   boost::intrusive_ptr<View> _view;
   unsigned int _leaves = 0;
 };

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "render/gl/device/OpenGL.h"
-
-#include "render/gl/device/Multisampling.h"
+#include "support/GlWindow.h"
 #include "support/Outcome.h"
 #include "support/SceneFixture.h"
 
-#include <QGLWidget>
 #include <QTest>
 
 #include <memory>
@@ -19,16 +16,7 @@ protected:
   ///                 drawn or it isn't
   void openWindow(int width, int height, bool samples)
   {
-    QGLFormat format;
-    format.setSampleBuffers(samples);
-    window = std::make_unique<QGLWidget>(format);
-    window->makeCurrent();
-    if (samples && !orvex::render::gl::canMultisample())
-    {
-      window->setFormat(QGLFormat());
-    }
-    window->resize(width, height);
-    window->show();
+    window = makeGlWindow(width, height, samples);
     // A frame drawn before the window is there would be lost.
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
     window->makeCurrent();

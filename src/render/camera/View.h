@@ -36,12 +36,15 @@ public:
   /// current context, but draws nothing that is seen.
   virtual void prepare() = 0;
   /// Draws one frame into the current context.
+  /// \throws std::runtime_error  if the view's matrices can't be inverted
   virtual void render() = 0;
-  /// Makes again what is made once for each tree.
+  /// Makes again what is made once for each tree; without a tree, nothing.
+  /// \throws std::runtime_error  if the font library can't start
+  /// \throws std::bad_alloc  if there is no memory for it; the scene of before stays
   virtual void update() = 0;
 
   boost::shared_ptr<Tree> tree() const { return _tree; }
-  /// Stores the tree and does nothing else: update() builds its scene.
+  /// Stores the tree, or null for none, and does nothing else: update() builds its scene.
   void tree(boost::shared_ptr<Tree> tree) { _tree = tree; }
 
   /// Never null.

@@ -4,6 +4,8 @@
 #include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 
+#include <boost/range/iterator_range.hpp>
+
 #include <algorithm>
 #include <cmath>
 
@@ -70,9 +72,9 @@ void measure(const Tree& tree, int node, unsigned int depth, Extent& extent)
     extent.depth = std::max(extent.depth, depth);
     return;
   }
-  for (auto [child, end] = tree.getChildren(node); child != end; ++child)
+  for (const int child : boost::make_iterator_range(tree.getChildren(node)))
   {
-    measure(tree, *child, depth + 1, extent);
+    measure(tree, child, depth + 1, extent);
   }
 }
 
@@ -96,17 +98,17 @@ void placeParent(int node, NodeLayoutInfo& record, LayoutInfo& info)
 {
   const unsigned int numberOfChildren = info.tree.getNumChildren(node);
   double sum = 0.0;
-  for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
+  for (const int child : boost::make_iterator_range(info.tree.getChildren(node)))
   {
-    const NodeLayoutInfo& below = info.info->layoutInfoForNode(*child);
+    const NodeLayoutInfo& below = info.info->layoutInfoForNode(child);
     record.depthToLeaf = std::max(record.depthToLeaf, below.depthToLeaf + 1);
     sum += below.position.y;
   }
   record.position = {info.columns[info.maximumDepth - record.depthToLeaf], sum / numberOfChildren};
   record.boundingBox.add(record.position);
-  for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
+  for (const int child : boost::make_iterator_range(info.tree.getChildren(node)))
   {
-    const NodeLayoutInfo& below = info.info->layoutInfoForNode(*child);
+    const NodeLayoutInfo& below = info.info->layoutInfoForNode(child);
     info.edge->join(record.position, below.position);
     info.edges.add(*info.edge);
     record.boundingBox.add(below.position);
@@ -127,9 +129,9 @@ void layoutChildren(int node, LayoutInfo& info, unsigned int depth)
     record.boundingBox.add(record.position);
     return;
   }
-  for (auto [child, end] = info.tree.getChildren(node); child != end; ++child)
+  for (const int child : boost::make_iterator_range(info.tree.getChildren(node)))
   {
-    layoutChildren(*child, info, depth + 1);
+    layoutChildren(child, info, depth + 1);
   }
   placeParent(node, record, info);
 }

@@ -1,5 +1,7 @@
 #include "tree/model/Tree.h"
 
+#include <boost/range/iterator_range.hpp>
+
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
@@ -19,18 +21,18 @@ void findLeafNodes(const Tree& tree, int id, std::vector<int>& leaves)
     leaves.push_back(id);
     return;
   }
-  for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+  for (const int child : boost::make_iterator_range(tree.getChildren(id)))
   {
-    findLeafNodes(tree, *child, leaves);
+    findLeafNodes(tree, child, leaves);
   }
 }
 
 int getNumAllChildren(const Tree& tree, int id)
 {
   int count = 1;
-  for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+  for (const int child : boost::make_iterator_range(tree.getChildren(id)))
   {
-    count += getNumAllChildren(tree, *child);
+    count += getNumAllChildren(tree, child);
   }
   return count;
 }
@@ -38,9 +40,9 @@ int getNumAllChildren(const Tree& tree, int id)
 unsigned int findMaximumDepthToLeaf(const Tree& tree, int id, unsigned int depth)
 {
   unsigned int deepest = depth;
-  for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+  for (const int child : boost::make_iterator_range(tree.getChildren(id)))
   {
-    deepest = std::max(deepest, findMaximumDepthToLeaf(tree, *child, depth + 1));
+    deepest = std::max(deepest, findMaximumDepthToLeaf(tree, child, depth + 1));
   }
   return deepest;
 }

@@ -3,6 +3,8 @@
 #include "foundation/system/StackLimit.h"
 #include "tree/model/Tree.h"
 
+#include <boost/range/iterator_range.hpp>
+
 #include <algorithm>
 #include <stdexcept>
 #include <string>
@@ -37,9 +39,9 @@ unsigned int depthOfTree(const Tree& tree)
     const auto [id, depth] = open.back();
     open.pop_back();
     deepest = std::max(deepest, depth);
-    for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+    for (const int child : boost::make_iterator_range(tree.getChildren(id)))
     {
-      open.emplace_back(*child, depth + 1);
+      open.emplace_back(child, depth + 1);
     }
   }
   return deepest;

@@ -1,6 +1,8 @@
 #include "tree/service/JsonTree.h"
 #include "tree/service/JsonTreeList.h"
 
+#include <boost/range/iterator_range.hpp>
+
 #include "support/Outcome.h"
 #include "tree/json/json_spirit.h"
 #include "tree/model/Tree.h"
@@ -15,9 +17,9 @@ static std::string describe(const orvex::Tree& tree)
   for (int id = 0; id < static_cast<int>(tree.getNumberOfNodes()); ++id)
   {
     text << id << tree.getName(id) << (tree.hasDistanceToParent(id) ? "!" : "");
-    for (auto [child, end] = tree.getChildren(id); child != end; ++child)
+    for (const int child : boost::make_iterator_range(tree.getChildren(id)))
     {
-      text << " " << *child;
+      text << " " << child;
     }
     text << ";";
   }

@@ -30,6 +30,7 @@ public:
 
   /// Loads the font. Without one all labels are empty.
   /// \param mostBytes  of bits that are held for levels
+  /// \throws std::runtime_error  if the font library can't start
   explicit RenderTaxonLabels(std::size_t mostBytes = std::size_t(64) << 20);
 
   void accept(Visitor& visitor) override;

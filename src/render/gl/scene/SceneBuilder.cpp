@@ -8,6 +8,8 @@
 #include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 
+#include <boost/range/iterator_range.hpp>
+
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -60,9 +62,9 @@ boost::intrusive_ptr<RenderNode> buildRenderNode(int node, const Lines& lines)
   }
   lines.work.done();
   result->reserve(lines.tree->getNumChildren(node));
-  for (auto [child, end] = lines.tree->getChildren(node); child != end; ++child)
+  for (const int child : boost::make_iterator_range(lines.tree->getChildren(node)))
   {
-    result->addChild(buildRenderNode(*child, lines));
+    result->addChild(buildRenderNode(child, lines));
   }
   return result;
 }
