@@ -2,6 +2,10 @@
 # AppDir, so that appimagetool makes an AppImage of it. The folder may lie anywhere: programs look for
 # libraries, and Qt for its plugins, from their own place. The preset "bundle" has the paths.
 
+# They are installed once already; here for the libraries that they need.
+install(TARGETS ${programs}
+  RUNTIME_DEPENDENCY_SET orvex_libraries RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
 # Only a search path of the old kind holds for what the libraries themselves need, too.
 foreach(program IN LISTS programs)
   target_link_options(${program} PRIVATE -Wl,--disable-new-dtags)

@@ -63,7 +63,7 @@ Token Lexer::_next(bool isWord)
   else if (first == '\'' || first == '"')
   {
     token.isQuoted = true;
-    token.text = _quoted(static_cast<char>(_source.take()), token.place);
+    token.text = _quoted(token.place);
   }
   else
   {
@@ -84,30 +84,32 @@ void Lexer::_skipBlanks()
 void Lexer::_skipComment()
 {
   const Place place = _source.place();
-  const int open = _source.take();
-  const int close = open == '[' ? ']' : '}';
+  const char open = static_cast<char>(_source.take());
+  const char close = open == '[' ? ']' : '}';
   ++_comments;
   for (std::size_t depth = 1; depth > 0;)
   {
     const int byte = _source.take();
     if (byte == Source::end)
     {
-      throw BadText(place, std::string("the '") + static_cast<char>(open) + "' is never closed");
+      throw BadText(place, std::string("the '") + open + "' is never closed");
     }
     depth += byte == open ? 1 : 0;
     depth -= byte == close ? 1 : 0;
   }
 }
 
-std::string Lexer::_quoted(char quote, const Place& place)
+std::string Lexer::_quoted(const Place& place)
 {
+  const int quote = _source.take();
   std::string text;
   while (true)
   {
     const int byte = _source.take();
     if (byte == Source::end)
     {
-      throw BadText(place, std::string("the quote ") + quote + " is never closed");
+      throw BadText(place,
+                    std::string("the quote ") + static_cast<char>(quote) + " is never closed");
     }
     if (byte == quote && _source.peek() != quote)
     {

@@ -53,7 +53,7 @@ private:
   Token _next(bool isWord);
   void _skipBlanks();
   void _skipComment();
-  std::string _quoted(char quote, const Place& place);
+  std::string _quoted(const Place& place);
   std::string _unquoted(bool isWord);
 
   Source& _source;

@@ -108,11 +108,12 @@ void append(const std::string& root, const Version& version, std::vector<Control
     return;
   }
   std::string path = pathBelow(mount, group);
-  groups.push_back(read(root + mount.path + path, version));
+  const std::string top = root + mount.path;
+  groups.push_back(read(top + path, version));
   while (!path.empty())
   {
     path.resize(path.rfind('/'));
-    groups.push_back(read(root + mount.path + path, version));
+    groups.push_back(read(top + path, version));
   }
 }
 

@@ -6,6 +6,7 @@
 #include "tree/model/TreeMemory.h"
 #include "tree/newick/BadBranchLength.h"
 #include "tree/newick/NewickFile.h"
+#include "tree/newick/NodeCount.h"
 
 #include <boost/algorithm/string/predicate.hpp>
 #include <boost/lexical_cast.hpp>
@@ -44,50 +45,6 @@ bool toDistance(std::string_view text, double& value)
 constexpr bool isStructural(char c)
 {
   return c == '(' || c == ')' || c == ',';
-}
-
-// The number of "(" that begin a tree.
-std::size_t countTrees(std::string_view text, std::size_t depth)
-{
-  std::size_t trees = 0;
-  for (const char c : text)
-  {
-    trees += c == '(' && depth == 0 ? 1 : 0;
-    depth += c == '(' ? 1 : 0;
-    depth -= c == ')' ? 1 : 0;
-  }
-  return trees;
-}
-
-// How often a character is in a text of at most 255 bytes. A byte counts it, of which compilers
-// make wide instructions.
-std::size_t count(std::string_view text, char wanted)
-{
-  unsigned char found = 0;
-  for (const char c : text)
-  {
-    found = static_cast<unsigned char>(found + (c == wanted));
-  }
-  return found;
-}
-
-// The number of nodes that a text becomes: each "(" is a node, and each item that is none is a
-// leaf. A group has one item more than it has commas, and in each tree one group is no item.
-// Few blocks have so many ")" that a tree may end in them.
-std::size_t countNodes(std::string_view text)
-{
-  constexpr std::size_t blockSize = 128;
-  std::size_t nodes = 0;
-  std::size_t depth = 0;
-  for (std::size_t begin = 0; begin < text.size(); begin += blockSize)
-  {
-    const std::string_view block = text.substr(begin, blockSize);
-    const std::size_t opened = count(block, '(');
-    const std::size_t closed = count(block, ')');
-    nodes += opened + count(block, ',') + (depth > closed ? 0 : countTrees(block, depth));
-    depth += opened - closed;
-  }
-  return nodes;
 }
 
 // Files of this other format often have the ending of a Newick file.
@@ -160,7 +117,7 @@ boost::shared_ptr<Tree> NewickReader::_parse(const std::string& contents, const 
     throw std::logic_error("A Newick reader whose last text was not complete reads no other.");
   }
   _tree.reset();
-  _expectedNodes = Detail::countNodes(contents);
+  _expectedNodes = countNewickNodes(contents);
   Detail::requireMemoryForNodes(_expectedNodes);
   std::size_t position = 0;
   try
