@@ -1,12 +1,13 @@
 #include "gui/MainWindow.h"
 
-#include "foundation/guard/ExceptionHandler.h"
+#include "foundation/guard/Guarded.h"
 #include "foundation/guard/NoThrow.h"
 #include "gui/AboutText.h"
 #include "gui/OpeningProgress.h"
 #include "gui/TreeListDialog.h"
 #include "gui/Viewer.h"
 #include "gui/qt/AfterDialog.h"
+#include "gui/qt/CentralArea.h"
 #include "gui/qt/ErrorBox.h"
 #include "gui/qt/FileDialog.h"
 #include "gui/qt/Settings.h"
@@ -28,6 +29,7 @@
 #include <QMessageBox>
 
 #include <iostream>
+#include <memory>
 #include <sstream>
 
 namespace Lumbra
@@ -37,7 +39,7 @@ namespace Detail
 namespace
 {
 
-using Kelmar::Functions::Helper::exceptionHandler;
+using Kelmar::Functions::guarded;
 
 const char* const geometryKey = "main_window_geometry";
 
@@ -82,18 +84,7 @@ void MainWindow::_destroy()
 
 void MainWindow::_documentNew()
 {
-  try
-  {
-    _documentClose();
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("6250838000", e, std::cout);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("6250838000", std::cout);
-  }
+  Detail::guarded([this] { _documentClose(); }, "6250838000", std::cout);
 }
 
 void MainWindow::_documentClose()
@@ -104,49 +95,43 @@ void MainWindow::_documentClose()
 
 void MainWindow::_documentOpen()
 {
-  try
+  Detail::guarded(
+      [this]
+      {
+        Tools::Qt::FileDialog::Filters filters;
+        for (const std::string ending : orvex::newickEndings)
+        {
+          filters.emplace_back("Newick (*." + ending + ")", "*." + ending);
+        }
+        const std::string name = Tools::Qt::FileDialog::getOpenFileName(this, "Open", filters);
+        if (!name.empty())
+        {
+          _replaceByFile(name);
+        }
+      },
+      "2020255221", std::cout);
+}
+
+void MainWindow::_replaceByFile(const std::string& name)
+{
+  // Before the new file is read, so that memory has to hold one large tree only.
+  _documentClose();
+  if (_repaint())
   {
-    Tools::Qt::FileDialog::Filters filters;
-    for (const std::string ending : orvex::newickEndings)
-    {
-      filters.emplace_back("Newick (*." + ending + ")", "*." + ending);
-    }
-    const std::string name = Tools::Qt::FileDialog::getOpenFileName(this, "Open", filters);
-    if (name.empty())
-    {
-      return;
-    }
-    // Before the new file is read, so that memory has to hold one large tree only.
-    _documentClose();
-    _repaint();
     _documentOpen(name);
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("2020255221", e, std::cout);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("2020255221", std::cout);
   }
 }
 
 void MainWindow::_documentOpen(const std::string& name)
 {
   std::ostringstream errors;
-  try
-  {
-    _show(QFileInfo(Tools::Qt::fileName(name)).fileName(),
-          [&name](orvex::Document& document) { document.read(name); });
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("2991944830", e, errors);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("2991944830", errors);
-  }
+  Detail::guarded(
+      [&]
+      {
+        _show(QFileInfo(Tools::Qt::fileName(name)).fileName(),
+              [&name](orvex::Document& document) { document.read(name); });
+      },
+      "2991944830", errors);
   if (!errors.str().empty())
   {
     const std::string shown = Tools::Qt::text(Tools::Qt::fileName(name));
@@ -165,70 +150,67 @@ void MainWindow::_documentOpenFromHalvane()
     return;
   }
   orvex::TreeData selected;
-  if (!dialog.getSelectedTree(selected))
+  if (!dialog.getSelectedTree(selected) || !_repaint())
   {
     return;
   }
-  _repaint();
   _show(Tools::Qt::text(selected.name),
         [&selected](orvex::Document& document) { document.loadFromHalvane(selected.id); });
 }
 
 void MainWindow::_show(const QString& name, const std::function<void(orvex::Document&)>& load)
 {
+  using Wish = Tools::Qt::StopRequest::Wish;
   const Tools::Qt::WaitCursor cursor;
-  const OpeningProgress progress(*this, _centralArea(), name);
-  const Viewer* const before = _viewer;
+  OpeningProgress progress(*this, name);
   try
   {
     const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
     load(*document);
     _createGui(document);
-    _viewer->prepare();
+    _viewer->show();
   }
   catch (...)
   {
-    if (_viewer != before) // it is half made
+    progress.lookAgain(); // a close would be lost behind the box that follows
+    if (progress.wish() == Wish::none)
     {
-      _documentClose();
+      throw;
     }
-    throw;
   }
-  _viewer->show();
+  if (progress.wish() == Wish::close)
+  {
+    close();
+  }
 }
 
-void MainWindow::_repaint()
+bool MainWindow::_repaint()
 {
-  Tools::Qt::repaintAfterDialog(*this);
+  const bool isOpen = Tools::Qt::repaintAfterDialog(*this);
   if (_viewer)
   {
     _viewer->repaint();
   }
+  return isOpen;
 }
 
 void MainWindow::_createGui(boost::intrusive_ptr<orvex::Document> document)
 {
-  _viewer = new Viewer(this, _centralArea());
-  _viewer->hide();
+  auto viewer = std::make_unique<Viewer>(this, Tools::Qt::centralArea(*this));
+  viewer->hide();
+  if (document)
+  {
+    viewer->tree(document->getTree());
+    viewer->updateScene();
+    viewer->prepare();
+  }
+  // When all is made, since the widget that it replaces goes.
+  _viewer = viewer.release();
   setCentralWidget(_viewer);
-  if (!document)
+  if (document)
   {
-    return;
+    emit viewerIsValid(true);
   }
-  _viewer->tree(document->getTree());
-  _viewer->updateScene();
-  emit viewerIsValid(true);
-}
-
-QRect MainWindow::_centralArea() const
-{
-  QRect area = contentsRect();
-  const QWidget* menu = menuWidget();
-  if (menu && menu->isVisibleTo(this)) // a desktop may show it in another place
-  {
-    area.setTop(menu->geometry().bottom() + 1);
-  }
-  return area;
 }
 
 void MainWindow::_showErrorMessage(std::string title, std::string text)

@@ -58,18 +58,21 @@ private:
   /// \throws what the downloads throw
   void _documentOpenFromHalvane();
   void _documentClose();
+  /// Opens a file in place of the shown tree, which is gone whatever comes of it.
+  void _replaceByFile(const std::string& name);
   /// Loads a tree with a new document and shows it, in place of the shown one. Meanwhile there is a
-  /// wait cursor and, from half a second on, a bar. What the user does in that time is dropped.
+  /// wait cursor and, from half a second on, a bar. What the user does in that time is dropped, but
+  /// Escape and the close button end it: without a failure the shown tree stays, if there is one.
   /// \param name  of the tree, for the user
   /// \throws what \p load and the making of the viewer throw
   void _show(const QString& name, const std::function<void(orvex::Document&)>& load);
   /// Paints the window and the shown tree at once, before what keeps the program from painting.
-  void _repaint();
-  /// Makes a viewer for a document's tree, which replaces the central widget. It is still hidden.
+  /// \return false if the window was closed meanwhile
+  bool _repaint();
+  /// Makes a viewer for a document's tree, which then replaces the central widget. It is still
+  /// hidden.
   /// \param document  null leaves the viewer empty
   void _createGui(boost::intrusive_ptr<orvex::Document> document);
-  /// The part of the window that belongs to the viewer.
-  QRect _centralArea() const;
   void _showErrorMessage(std::string title, std::string text);
   void _exportImage();
   void _showTreeInfo();

@@ -1,6 +1,8 @@
 #include "gui/OpeningProgress.h"
 
 #include "foundation/guard/NoThrow.h"
+#include "foundation/progress/Stopped.h"
+#include "gui/qt/CentralArea.h"
 #include "gui/qt/DiscardedInput.h"
 
 #include <QLabel>
@@ -30,14 +32,16 @@ QString shortened(const QString& text, const QWidget& widget, int width)
 } // namespace
 } // namespace Detail
 
-OpeningProgress::OpeningProgress(QMainWindow& window, const QRect& area, const QString& name)
+OpeningProgress::OpeningProgress(QMainWindow& window, const QString& name)
     : _window(window),
       _area(&window),
       _name(new QLabel),
       _stage(new QLabel),
       _bar(new QProgressBar),
+      _request(window),
       _listening(*this)
 {
+  const QRect area = Tools::Qt::centralArea(window);
   _area.setGeometry(area);
   _area.setAutoFillBackground(true);
   const int width = qMax(1, qMin(Detail::mostWidth, area.width() - 2 * Detail::margin));
@@ -67,7 +71,8 @@ OpeningProgress::~OpeningProgress()
 
 void OpeningProgress::show(const Kelmar::Progress::Stage& stage, double share)
 {
-  const QString text = stage.text;
+  const QString text = QString("%1 (Esc stops it)").arg(stage.text);
+  _area.setGeometry(Tools::Qt::centralArea(_window)); // the window may have another size by now
   const bool changed = _stage->text() != text;
   _stage->setText(text);
   if (!_area.isVisible())
@@ -80,6 +85,11 @@ void OpeningProgress::show(const Kelmar::Progress::Stage& stage, double share)
   }
   // It paints itself at once if the share is another one in pixels.
   _bar->setValue(int(share * Detail::wholeBar));
+  _request.look();
+  if (wish() != Tools::Qt::StopRequest::Wish::none)
+  {
+    throw Kelmar::Progress::Stopped();
+  }
 }
 
 void OpeningProgress::_appear()

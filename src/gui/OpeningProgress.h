@@ -2,6 +2,7 @@
 
 #include "foundation/progress/Listening.h"
 #include "foundation/progress/PacedListener.h"
+#include "gui/qt/StopRequest.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -15,16 +16,22 @@ namespace Lumbra
 
 /// Shows in a window how far the opening of a tree is, until the end of the scope. It appears when
 /// that has taken half a second, in place of the central widget, and is painted at once, so that
-/// the event loop need not run. What the user did with keys and mouse in the scope is dropped.
+/// the event loop need not run. What the user did with keys and mouse in the scope is dropped; but
+/// from then on Escape and the close button stop the opening.
 class OpeningProgress : public Kelmar::Progress::PacedListener
 {
 public:
-  /// \param area  where it appears, in coordinates of the window
   /// \param name  of the tree
-  OpeningProgress(QMainWindow& window, const QRect& area, const QString& name);
+  OpeningProgress(QMainWindow& window, const QString& name);
   ~OpeningProgress() override;
 
+  /// What the user has asked for so far.
+  Tools::Qt::StopRequest::Wish wish() const { return _request.wish(); }
+  /// To be called when the opening has failed, for what the user asks for at the same time.
+  void lookAgain() { _request.look(); }
+
 protected:
+  /// \throws Kelmar::Progress::Stopped  if the user has asked for it
   void show(const Kelmar::Progress::Stage& stage, double share) override;
 
 private:
@@ -37,6 +44,7 @@ private:
   QLabel* _name;
   QLabel* _stage;
   QProgressBar* _bar;
+  Tools::Qt::StopRequest _request;
   Kelmar::Progress::Listening _listening;
 };
 

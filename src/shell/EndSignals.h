@@ -10,8 +10,10 @@ class QSocketNotifier;
 namespace Brevan
 {
 
-/// In its lifetime SIGTERM, SIGINT and SIGHUP close all windows as a user does. Those that the
-/// process was started to ignore stay ignored. One at a time; needs the application object.
+/// In its lifetime SIGTERM, SIGINT and SIGHUP close all windows as a user does, when the event loop
+/// comes to it. A second one, more than a tenth of a second later, ends the process at once. Those
+/// that the process was started to ignore stay ignored. One at a time; needs the application
+/// object.
 class EndSignals : private boost::noncopyable
 {
 public:

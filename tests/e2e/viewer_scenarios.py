@@ -213,49 +213,6 @@ def garbage_in_settings(folder):
             main.show()
 
 
-def filled(picture):
-    """How far the bar is filled that shows how far an opening is, in pixels; 0 while a tree or a
-    dialog stands there."""
-    width, _, data = picture
-    rows = [data[i:i + 3 * width] for i in range(0, len(data), 3 * width)]
-    blue = [sum(b > 150 and r < 80 for r, b in zip(row[::3], row[2::3])) for row in rows]
-    if data[-1] < 200 or not 0 < max(blue) <= 400:  # so wide is the bar; a dialog's rows are wider
-        return 0
-    places = [i for i, count in enumerate(blue) if count]
-    for words in rows[places[0] - 25:places[0] - 4], rows[places[-1] + 5:places[-1] + 25]:
-        assert min(b"".join(words)) < 100, "the file's name above the bar, the step below it"
-    return max(blue)
-
-
-@scenario
-def slow_open(folder):
-    """A bar shows how far it is; what the user does meanwhile has no effect."""
-    with open(folder / "large.nwk", "w") as file:
-        subprocess.run([PROGRAMS / "orvex-generate", "random", "1000000"], check=True, stdout=file)
-    with viewer(folder) as main:
-        undisturbed = main.show("large.nwk")
-
-        def bar():
-            """The program goes on for a moment, then stands still."""
-            main.process.send_signal(signal.SIGCONT)
-            time.sleep(0.03)
-            main.process.send_signal(signal.SIGSTOP)
-            return filled(main.screenshot())
-
-        main.open("large.nwk")
-        main.process.send_signal(signal.SIGSTOP)
-        time.sleep(0.6)  # so that the bar comes while the file is read
-        shares = [wait_for("the bar", bar)]
-        main.zoom(5)
-        xdotool("click", 1, "mousemove", 1, 1, "key", "ctrl+o")
-        while share := bar():
-            shares.append(share)
-        main.process.send_signal(signal.SIGCONT)
-        assert shares == sorted(shares) and len(set(shares)) > 3, shares
-        assert main.settled() == undisturbed
-        assert not windows("Open")
-
-
 @scenario
 def no_opengl(folder):
     with viewer(folder, QT_XCB_GL_INTEGRATION="none") as main:

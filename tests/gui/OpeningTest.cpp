@@ -103,3 +103,13 @@ TEST_F(OpeningTest, InputThatCameMeanwhileIsDroppedButNoOther)
   QTest::qWait(20);
   EXPECT_EQ(window.keys, 1);
 }
+
+TEST_F(OpeningTest, ACloseIsNotLostBehindTheBoxOfABadFile)
+{
+  Window window;
+  window.show();
+  QCoreApplication::postEvent(&window, new QCloseEvent);
+  QTimer::singleShot(1000, [] { QApplication::activeModalWidget()->close(); }); // if there is a box
+  window._documentOpen(file("bad.nwk", "a,b);"));
+  EXPECT_FALSE(window.isVisible());
+}

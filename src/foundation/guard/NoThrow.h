@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/guard/ExceptionHandler.h"
+#include "foundation/guard/Guarded.h"
 
 #include <iostream>
 
@@ -14,18 +14,7 @@ void noThrow(Function function, const char* id) noexcept
 {
   try
   {
-    try
-    {
-      function();
-    }
-    catch (const std::exception& e)
-    {
-      Helper::exceptionHandler(id, e, std::cout);
-    }
-    catch (...)
-    {
-      Helper::exceptionHandler(id, std::cout);
-    }
+    guarded(function, id, std::cout);
   }
   catch (...)
   {

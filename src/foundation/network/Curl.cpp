@@ -129,7 +129,7 @@ void Curl::_report(std::uint64_t bytes)
     curl_easy_getinfo(_curl, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
     _work.emplace(*_stage, length > 0 ? static_cast<std::size_t>(length) : _bodyLimit);
   }
-  _work->done(bytes);
+  _work->doneSlowly(bytes);
 }
 
 unsigned long Curl::_writeDataCB(void* buffer, unsigned long size, unsigned long count, void* user)

@@ -14,7 +14,9 @@ public:
   virtual ~Listener() = default;
 
   /// \param share  of the stage, from 0 to 1; within a stage it never falls
-  virtual void progress(const Stage& stage, double share) noexcept = 0;
+  /// \throws Stopped  if the work is to end here, and then each time that it is called. Nothing
+  /// else
+  virtual void progress(const Stage& stage, double share) = 0;
 };
 
 } // namespace Kelmar::Progress

@@ -1,9 +1,11 @@
 #include "foundation/progress/PacedListener.h"
 
+#include "foundation/progress/Stopped.h"
+
 namespace Kelmar::Progress
 {
 
-void PacedListener::progress(const Stage& stage, double share) noexcept
+void PacedListener::progress(const Stage& stage, double share)
 {
   if (Clock::now() < _next)
   {
@@ -12,6 +14,10 @@ void PacedListener::progress(const Stage& stage, double share) noexcept
   try
   {
     show(stage, stage.shareOfWhole(share));
+  }
+  catch (const Stopped&)
+  {
+    throw;
   }
   catch (...)
   {

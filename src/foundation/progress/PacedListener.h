@@ -12,11 +12,12 @@ namespace Kelmar::Progress
 class PacedListener : public Listener
 {
 public:
-  void progress(const Stage& stage, double share) noexcept override;
+  void progress(const Stage& stage, double share) override;
 
 protected:
-  /// \param share  of the whole work, from 0 to 1. An exception is dropped, as what is only shown
-  ///               must not end the work
+  /// \param share  of the whole work, from 0 to 1
+  /// \throws Stopped  to end the work. Any other exception is dropped, as what is only shown must
+  ///                  not end it
   virtual void show(const Stage& stage, double share) = 0;
 
 private:

@@ -1,6 +1,7 @@
 #include "foundation/progress/Work.h"
 
 #include "foundation/progress/Listening.h"
+#include "foundation/progress/Stopped.h"
 
 #include <exception>
 #include <limits>
@@ -32,9 +33,16 @@ Work::Work(const Stage& stage, std::size_t units, double begin, double end)
 
 Work::~Work()
 {
-  if (std::uncaught_exceptions() == _exceptions)
+  if (std::uncaught_exceptions() != _exceptions)
+  {
+    return;
+  }
+  try
   {
     _tell(_end);
+  }
+  catch (const Stopped&) // the next report throws it again
+  {
   }
 }
 

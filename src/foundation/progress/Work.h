@@ -10,8 +10,11 @@ namespace Kelmar::Progress
 {
 
 /// A work of known size, which is a stage or a part of one. Reports to the listener of its thread
-/// at the start, then at most some 400 times, and at the end if no exception ends it. If nobody
-/// listens when it starts, it reports nothing, and a unit costs an addition and a comparison.
+/// at the start, then at most some 400 times if it is not slow, and at the end if no exception ends
+/// it. If nobody listens when it starts, it reports nothing, and a unit costs an addition and a
+/// comparison.
+///
+/// The constructor, done and doneSlowly throw Stopped when the listener does.
 class Work : private boost::noncopyable
 {
 public:
@@ -28,6 +31,12 @@ public:
     {
       _report();
     }
+  }
+  /// The same where each unit may be long in coming: reports each time.
+  void doneSlowly(std::size_t units)
+  {
+    _done += units;
+    _report();
   }
 
 private:

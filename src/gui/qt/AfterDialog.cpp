@@ -30,10 +30,12 @@ void waitUntilActive(const QWidget& window)
 } // namespace
 } // namespace Detail
 
-void repaintAfterDialog(QWidget& window)
+bool repaintAfterDialog(QWidget& window)
 {
+  const bool wasVisible = window.isVisible();
   Detail::waitUntilActive(window);
   window.repaint();
+  return window.isVisible() == wasVisible;
 }
 
 } // namespace Tools::Qt

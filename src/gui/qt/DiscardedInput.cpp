@@ -25,8 +25,18 @@ void DiscardedInput::timerEvent(QTimerEvent*)
 
 bool DiscardedInput::eventFilter(QObject*, QEvent* event)
 {
-  switch (event->type())
+  return drop(*event);
+}
+
+bool DiscardedInput::drop(QEvent& event)
+{
+  switch (event.type())
   {
+  case QEvent::DragEnter:
+  case QEvent::DragMove:
+  case QEvent::Drop:
+    event.ignore();
+    return true;
   case QEvent::KeyPress:
   case QEvent::KeyRelease:
   case QEvent::MouseButtonDblClick:
@@ -35,7 +45,7 @@ bool DiscardedInput::eventFilter(QObject*, QEvent* event)
   case QEvent::MouseMove:
   case QEvent::ShortcutOverride:
   case QEvent::Wheel:
-    event->accept(); // an override that is not accepted would still become a shortcut
+    event.accept(); // an override that is not accepted would still become a shortcut
     return true;
   default:
     return false;

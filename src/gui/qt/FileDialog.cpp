@@ -1,6 +1,6 @@
 #include "gui/qt/FileDialog.h"
 
-#include "foundation/guard/ExceptionHandler.h"
+#include "foundation/guard/Guarded.h"
 #include "foundation/system/UserDirectory.h"
 #include "gui/qt/Settings.h"
 #include "gui/qt/Strings.h"
@@ -20,7 +20,7 @@ namespace Detail
 namespace
 {
 
-using Kelmar::Functions::Helper::exceptionHandler;
+using Kelmar::Functions::guarded;
 
 const char* const FILE_DIALOG = "file_dialog";
 const char* const LAST_DIRECTORY = "last_directory";
@@ -112,70 +112,36 @@ std::string FileDialog::_formatFilters(const Filters& filters)
 
 QString FileDialog::_lastFileDialogDir(const std::string& title)
 {
-  try
-  {
-    const QVariant stored = setting(Detail::key(Detail::LAST_DIRECTORY, title));
-    return Detail::isUsable(stored) ? stored.toString()
-                                    : fileName(Kelmar::User::Directory::documents());
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("2637892413", e, std::cout);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("2637892413", std::cout);
-  }
-  return QString();
+  QString answer;
+  Detail::guarded(
+      [&]
+      {
+        const QVariant stored = setting(Detail::key(Detail::LAST_DIRECTORY, title));
+        answer = Detail::isUsable(stored) ? stored.toString()
+                                          : fileName(Kelmar::User::Directory::documents());
+      },
+      "2637892413", std::cout);
+  return answer;
 }
 
 void FileDialog::_lastFileDialogDir(const std::string& title, const std::string& directory)
 {
-  try
-  {
-    setting(Detail::key(Detail::LAST_DIRECTORY, title), fileName(directory));
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("1470916380", e, std::cout);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("1470916380", std::cout);
-  }
+  Detail::guarded([&] { setting(Detail::key(Detail::LAST_DIRECTORY, title), fileName(directory)); },
+                  "1470916380", std::cout);
 }
 
 QString FileDialog::_lastFileDialogFilter(const std::string& title)
 {
-  try
-  {
-    return setting(Detail::key(Detail::LAST_FILTER, title)).toString();
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("4010857611", e, std::cout);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("4010857611", std::cout);
-  }
-  return QString();
+  QString answer;
+  Detail::guarded([&] { answer = setting(Detail::key(Detail::LAST_FILTER, title)).toString(); },
+                  "4010857611", std::cout);
+  return answer;
 }
 
 void FileDialog::_lastFileDialogFilter(const std::string& title, const std::string& filter)
 {
-  try
-  {
-    setting(Detail::key(Detail::LAST_FILTER, title), text(filter));
-  }
-  catch (const std::exception& e)
-  {
-    Detail::exceptionHandler("1056012768", e, std::cout);
-  }
-  catch (...)
-  {
-    Detail::exceptionHandler("1056012768", std::cout);
-  }
+  Detail::guarded([&] { setting(Detail::key(Detail::LAST_FILTER, title), text(filter)); },
+                  "1056012768", std::cout);
 }
 
 } // namespace Tools::Qt

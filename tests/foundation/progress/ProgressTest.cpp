@@ -1,4 +1,5 @@
 #include "foundation/progress/PacedListener.h"
+#include "foundation/progress/Stopped.h"
 #include "foundation/progress/Work.h"
 #include "support/HeardProgress.h"
 
@@ -70,4 +71,27 @@ TEST(ProgressTest, IsShownFromHalfASecondOnAsAShareOfTheWhole)
   std::this_thread::sleep_for(std::chrono::milliseconds(500));
   listener.progress(secondHalf, 0.5);
   EXPECT_THAT(listener.shown, testing::ElementsAre(0.75));
+}
+
+TEST(ProgressTest, IsEndedByItsListenerAtEachReportButTheLast)
+{
+  struct : Kelmar::Progress::Listener
+  {
+    void progress(const Stage&, double share) override
+    {
+      if (share > from)
+      {
+        throw Kelmar::Progress::Stopped();
+      }
+    }
+    double from = 0.5;
+  } listener;
+  const Listening listening(listener);
+  {
+    Work work(secondHalf, 4);
+    work.done(2);
+    EXPECT_THROW(work.done(), Kelmar::Progress::Stopped);
+  } // its last report is one too many, but a destructor throws nothing
+  listener.from = -1.0;
+  EXPECT_THROW(Work(secondHalf, 1), Kelmar::Progress::Stopped);
 }
