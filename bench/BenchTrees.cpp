@@ -52,7 +52,8 @@ const std::string& newick(TreeShape shape, unsigned int leaves)
 {
   static Detail::Latest<std::string> latest;
   return latest.get(shape, leaves,
-                    [=] { return tools::TreeGenerator(Detail::seed).newick(shape, leaves, true); });
+                    [=]
+                    { return generate::TreeGenerator(Detail::seed).newick(shape, leaves, true); });
 }
 
 boost::shared_ptr<Tree> tree(TreeShape shape, unsigned int leaves)

@@ -15,7 +15,7 @@ class Tree;
 namespace orvex::bench
 {
 
-using tools::TreeShape;
+using generate::TreeShape;
 
 /// Newick text with branch lengths, always the same for a shape and size. Only the latest is kept.
 const std::string& newick(TreeShape shape, unsigned int leaves);

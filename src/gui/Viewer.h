@@ -37,9 +37,11 @@ public:
   /// Makes its own context current first, since that of another viewer may be.
   ~Viewer() override;
 
+  /// Stores the tree, or null for none; updateScene() builds its scene.
   void tree(boost::shared_ptr<orvex::Tree> tree);
   boost::shared_ptr<orvex::Tree> tree() const;
-  /// Builds what the view needs for its tree. Asks for no repaint.
+  /// Builds what the view needs for its tree; without one, nothing. Asks for no repaint.
+  /// \throws  as View::update does; what was shown stays
   void updateScene();
   /// Makes what the first frame needs, before the widget is shown, so that it stands at once when
   /// the widget is shown in its present size. Does nothing if the context can't be used before.

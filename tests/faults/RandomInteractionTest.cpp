@@ -50,7 +50,7 @@ protected:
   /// which a dialog would not accept
   std::string anyFile(int files)
   {
-    using namespace orvex::tools;
+    using namespace orvex::generate;
     static const std::string bushy = TreeGenerator(3).newick(TreeShape::Random, 800, true);
     static const std::pair<const char*, std::string> all[] = {
         {"five.nwk", "((a,b),c);"}, {"bushy.tre", bushy}, {"one.nwk", "("},

@@ -11,7 +11,7 @@
 
 inline std::string randomNewick(unsigned int leaves, unsigned int seed)
 {
-  return orvex::tools::TreeGenerator(seed).newick(orvex::tools::TreeShape::Random, leaves);
+  return orvex::generate::TreeGenerator(seed).newick(orvex::generate::TreeShape::Random, leaves);
 }
 
 /// The scene of a tree.

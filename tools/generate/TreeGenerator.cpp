@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace orvex::tools
+namespace orvex::generate
 {
 namespace Detail
 {
@@ -189,4 +189,4 @@ void TreeGenerator::_writeName(std::string& text)
   Detail::appendDigits(text, bits % 100, 2);
 }
 
-} // namespace orvex::tools
+} // namespace orvex::generate

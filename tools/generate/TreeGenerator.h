@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace orvex::tools
+namespace orvex::generate
 {
 
 enum class TreeShape
@@ -60,4 +60,4 @@ private:
   std::mt19937 _random;
 };
 
-} // namespace orvex::tools
+} // namespace orvex::generate

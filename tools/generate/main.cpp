@@ -61,13 +61,13 @@ struct Request
 
 void generate(const Request& request)
 {
-  std::optional<orvex::tools::TerminalProgress> progress;
+  std::optional<orvex::terminal::TerminalProgress> progress;
   if (isatty(STDOUT_FILENO) == 0) // else it would stand within the tree
   {
     progress.emplace();
   }
-  orvex::tools::TreeGenerator generator(request.seed);
-  generator.write(std::cout, orvex::tools::shapeFromName(request.shape), request.leaves,
+  orvex::generate::TreeGenerator generator(request.seed);
+  generator.write(std::cout, orvex::generate::shapeFromName(request.shape), request.leaves,
                   request.lengths);
   std::cout << '\n' << std::flush;
   if (!std::cout)

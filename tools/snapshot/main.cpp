@@ -176,7 +176,7 @@ void run(int argc, char** argv)
   const Request request = toRequest(parser);
   // Before the tree is read, which can take long.
   const QGuiApplication application(one, argv);
-  const orvex::tools::TerminalProgress progress;
+  const orvex::terminal::TerminalProgress progress;
   const boost::shared_ptr<orvex::Tree> tree = readTree(request.tree);
   write(orvex::snapshot::drawPicture(tree, request.look), request.image);
   orvex::render::gl::FreeType::destroy();

@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-namespace orvex::tools
+namespace orvex::terminal
 {
 namespace Detail
 {
@@ -39,4 +39,4 @@ void TerminalProgress::show(const Kelmar::Progress::Stage& stage, double share)
   _isShown = true;
 }
 
-} // namespace orvex::tools
+} // namespace orvex::terminal

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-namespace orvex::tools
+namespace orvex::terminal
 {
 
 /// Until the end of the scope, shows on stderr in one line how far the work of this thread is, if
@@ -24,4 +24,4 @@ private:
   std::optional<Kelmar::Progress::Listening> _listening;
 };
 
-} // namespace orvex::tools
+} // namespace orvex::terminal

@@ -57,13 +57,13 @@ static void expectByDefinition(Tree& tree, LayoutInfo2D& info, int id, unsigned 
 
 TEST(Layout, AgreesWithItsDefinition)
 {
-  using orvex::tools::TreeShape;
+  using orvex::generate::TreeShape;
   for (unsigned int leaves = 1; leaves < 200; leaves += leaves / 4 + 1)
   {
     SCOPED_TRACE(leaves);
     const TreeShape shapes[] = {TreeShape::Random, TreeShape::Polytomy, TreeShape::Ladder};
     const auto tree = orvex::NewickReader().parseContents(
-        orvex::tools::TreeGenerator(leaves).newick(shapes[leaves % 3], leaves, true));
+        orvex::generate::TreeGenerator(leaves).newick(shapes[leaves % 3], leaves, true));
     const auto info = layOut(tree);
     expectByDefinition(*tree, *info, 0, 0);
     std::vector<int> ids;

@@ -119,7 +119,7 @@ struct Elbows
 
 TEST_P(LinesTest, LightEachPixelOfEachElbowAndNoOther)
 {
-  using orvex::tools::TreeShape;
+  using orvex::generate::TreeShape;
   std::vector<Look> looks{{700, 600, 1.0, 0.0, true}, {70, 613, 1.0, 0.0, true}, {3, 2}};
   // A step of the width moves the columns by fractions of a pixel, also over multiples of 64.
   for (unsigned int w = 640; w < 740; w += 14)
@@ -133,8 +133,8 @@ TEST_P(LinesTest, LightEachPixelOfEachElbowAndNoOther)
                                       {TreeShape::Polytomy, 2},
                                       {TreeShape::Random, 4000}}) // more than one batch
   {
-    const auto tree =
-        orvex::NewickReader().parseContents(orvex::tools::TreeGenerator(3).newick(shape, leaves));
+    const auto tree = orvex::NewickReader().parseContents(
+        orvex::generate::TreeGenerator(3).newick(shape, leaves));
     const auto layout = boost::intrusive_ptr<TreeLayout2D>(new LayoutCladogram)->layout(tree);
     for (const Look& look : leaves > 1000 ? fewLooks : looks)
     {

@@ -54,13 +54,13 @@ protected:
 
 TEST_F(CladeRunTest, LightsThePixelsOfAllLinesOfTheClade)
 {
-  using orvex::tools::TreeShape;
+  using orvex::generate::TreeShape;
   std::vector<std::string> trees{"a;", "((((a))));", "(a,(((b,((c))),d)),(e));"};
   for (const TreeShape shape : {TreeShape::Random, TreeShape::Ladder, TreeShape::Polytomy})
   {
     for (const unsigned int leaves : {40u, 700u, 3000u})
     {
-      trees.push_back(orvex::tools::TreeGenerator(leaves).newick(shape, leaves));
+      trees.push_back(orvex::generate::TreeGenerator(leaves).newick(shape, leaves));
     }
   }
   std::size_t runs = 0;
