@@ -13,8 +13,7 @@ class PixelGrid;
 /// It is so where both the lower and the upper edge of the box fall into one row of pixels and the
 /// box has a width, because
 /// 1. the edges of a layout are elbows (see TreeLayout2D), and each begins at its node: the lines
-/// of
-///    a clade are connected;
+///    of a clade are connected;
 /// 2. going to pixels keeps the order of positions, rounding included: coordinates are scaled,
 ///    shifted and rounded, and pixelOf never falls where the position rises. So what lies between
 ///    the edges of the box falls between their pixels, which is that one row;

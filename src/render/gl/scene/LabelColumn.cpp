@@ -1,5 +1,6 @@
 #include "render/gl/scene/LabelColumn.h"
 
+#include "render/gl/scene/FourWalks.h"
 #include "render/gl/scene/RisingBits.h"
 
 #include <boost/core/noncopyable.hpp>
@@ -58,8 +59,8 @@ private:
   /// What two extents and their distance tell of two labels.
   enum class Verdict : std::uint8_t
   {
-    Meet,
-    Apart,
+    Apart = 0,
+    Meet = 1,
     Unsure ///< so close to the border that rounding decides
   };
 
@@ -94,6 +95,12 @@ private:
                               std::size_t far)
   {
     const std::vector<Verdict> verdicts = _verdictsAt(rows.distanceOf(near) / _pixel);
+    const bool isSure =
+        std::find(verdicts.begin(), verdicts.end(), Verdict::Unsure) == verdicts.end();
+    if (isSure && far == near + 1 && label + far < rows.end())
+    {
+      label = _walk(label, rows.end() - far, near, verdicts.data());
+    }
     RisingBits bits(_words);
     std::size_t last = label;
     while (label < rows.end())
@@ -103,6 +110,19 @@ private:
       label = _nextKept(rows, last, near, far, verdicts.data());
     }
     return last;
+  }
+
+  // Only two labels can follow each label here, and extents tell which of them does.
+  std::size_t _walk(std::size_t label, std::size_t end, std::size_t near, const Verdict* verdicts)
+  {
+    const std::uint8_t* const extentOf = _column._extentOf.data();
+    const std::size_t numberOfExtents = _column._extents.size();
+    const auto next = [=](std::size_t last)
+    {
+      const std::size_t pair = extentOf[last] * numberOfExtents + extentOf[last + near];
+      return last + near + static_cast<std::size_t>(verdicts[pair]);
+    };
+    return FourWalks(_words, near + 1, next).go(label, end);
   }
 
   std::size_t _nextKept(const EvenRows& rows, std::size_t last, std::size_t near, std::size_t far,

@@ -28,12 +28,10 @@ namespace orvex::render::gl
 ///    those that any box covers, the hull. So two labels meet if their anchors are no further apart
 ///    than the core is high, and do not meet if they are further apart than the hull is high.
 /// 3. The leaves of a tree are evenly spaced, but for rounding, which changes the spacing some
-/// fifty
-///    times down the column. Where it stays the same, the first label that is further away than the
-///    core is high is computed, not searched.
+///    fifty times down the column. Where it stays the same, the first label that is further away
+///    than the core is high is computed, not searched.
 /// 4. Only in between the two labels' own heights are compared: their boxes with the very numbers
-/// of
-///    the plain walk, or, where these would differ by more than rounding, the extents alone.
+///    of the plain walk, or, where these would differ by more than rounding, the extents alone.
 class LabelColumn
 {
 public:

@@ -17,6 +17,7 @@ class RisingBits : private boost::noncopyable
 public:
   using Bitset = boost::dynamic_bitset<>;
   using Word = Bitset::block_type;
+  static constexpr std::size_t bitsPerWord = Bitset::bits_per_block;
 
   explicit RisingBits(std::vector<Word>& words) : _words(words.data()) {}
   ~RisingBits() { _words[_index] |= _word; }
@@ -49,8 +50,6 @@ public:
   }
 
 private:
-  static constexpr std::size_t bitsPerWord = Bitset::bits_per_block;
-
   Word* _words;
   std::size_t _index = 0;
   Word _word = 0;

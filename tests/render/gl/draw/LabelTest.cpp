@@ -136,7 +136,7 @@ TEST(Label, ThinsAsTheWalkOverAllDoes)
     const std::size_t scale = std::size_t(1) << random() % 12;
     const double gap = gaps[round % gaps.size()] / double(scale);
     Rows rows;
-    for (double row = 1.0 + double(round % 3); rows.size() < 400;
+    for (double row = 1.0 + double(round % 3); rows.size() < 700;
          row -= round % 2 ? gap : gap * double(random() % 3))
     {
       rows.emplace_back(row, names[random() % (1 + round / 33)]);
