@@ -4,6 +4,7 @@
 #include "tree/model/Tree.h"
 #include "tree/model/TreeDepth.h"
 #include "tree/model/TreeMemory.h"
+#include "tree/model/TreeSize.h"
 #include "tree/newick/NewickFile.h"
 #include "tree/newick/NewickReader.h"
 #include "tree/service/Reader.h"
@@ -35,7 +36,7 @@ void Document::_take(boost::shared_ptr<Tree> tree)
   {
     requireRoomForDepth(depthOfTree(*tree));
     requireMemory("To show the tree's " + std::to_string(tree->getNumberOfNodes()) + " nodes",
-                  memoryToShow(*tree));
+                  memoryToShow(sizeToShow(*tree)));
   }
   _tree = tree;
 }

@@ -3,6 +3,7 @@
 #include "support/Outcome.h"
 #include "tree/model/Tree.h"
 #include "tree/model/TreeMemory.h"
+#include "tree/model/TreeSize.h"
 #include "tree/newick/NewickReader.h"
 
 TEST(Document, ReadsByTheExtensionAndKeepsItsTreeUntilAnotherIsRead)
@@ -42,8 +43,11 @@ TEST(Document, IsRefusedWhereTheMachineCantHoldIt)
 TEST(Document, CountsForTheMemoryWhatTheRootReaches)
 {
   const auto toShow = [](const std::string& text)
-  { return orvex::memoryToShow(*orvex::NewickReader().parseContents(text)); };
-  EXPECT_EQ(toShow("(a,b);"), toShow("(a,(b,c));(d,e);")) << "earlier trees are not laid out";
-  EXPECT_GT(toShow("(a,b,c);"), toShow("(a,b);"));
-  EXPECT_EQ(toShow("(a,b);") + 150, toShow("(" + std::string(100, 'a') + ",b);")) << "long names";
+  { return orvex::memoryToShow(orvex::sizeToShow(*orvex::NewickReader().parseContents(text))); };
+  const std::size_t two = toShow("(a,b);");
+  const std::string many = "d" + std::string(500'000, ',');
+  EXPECT_EQ(toShow("(d,e,f);(a,b);"), two) << "earlier trees are not shown";
+  EXPECT_GT(toShow("(" + many + ");(a,b);"), two + 20'000'000) << "but laid out";
+  EXPECT_LT(toShow("(" + many + ");(a,b);"), toShow("(" + many + "(a,b));"));
+  EXPECT_GT(toShow("(" + std::string(1000, 'a') + ",b);"), two + 1000) << "long names";
 }

@@ -79,7 +79,9 @@ void MemoryRoom::_controlGroups(const std::string& root)
 void MemoryRoom::_resourceLimits(const std::string& proc)
 {
   const std::string file = proc + "/self/status";
-  _atMost(Detail::resourceLimit(RLIMIT_AS), Detail::bytes(file, "VmSize:"),
+  // What a library that is loaded later takes of the addresses is more than its memory.
+  constexpr std::size_t addressesOfLibraries = std::size_t(64) << 20;
+  _atMost(Detail::resourceLimit(RLIMIT_AS), Detail::bytes(file, "VmSize:") + addressesOfLibraries,
           "that this process may use (ulimit -v)");
   _atMost(Detail::resourceLimit(RLIMIT_DATA), Detail::bytes(file, "VmData:"),
           "that this process may use (ulimit -d)");

@@ -8,12 +8,17 @@
 namespace orvex
 {
 
-class Tree;
+struct TreeSize;
 
 /// Bytes of memory that are needed to lay out a tree and show it, without those of the tree itself:
-/// the most in use until the first frame is drawn, never less and at most a quarter more. Only what
-/// the root reaches is laid out.
-std::size_t memoryToShow(const Tree& tree);
+/// the most in use until the first frame is drawn, never less and at most a quarter more.
+/// `./dev memory` holds it against the truth.
+std::size_t memoryToShow(const TreeSize& size);
+
+/// Bytes of memory that are needed to make a tree and show it.
+/// \param source  bytes of what the tree is made of, which goes when it is made
+/// \param inUse   bytes that are in use already, and no more when the tree is made
+std::size_t memoryToReadAndShow(const TreeSize& size, std::size_t source, std::size_t inUse);
 
 /// Refuses a work for which the memory is too small: the system would kill the program.
 /// \param work  begins the text of the refusal, as "To read the file"

@@ -4,6 +4,7 @@
 #include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 #include "tree/model/TreeMemory.h"
+#include "tree/model/TreeSize.h"
 #include "tree/newick/BadBranchLength.h"
 #include "tree/newick/NewickFile.h"
 #include "tree/newick/NodeCount.h"
@@ -58,14 +59,14 @@ std::string reasonInFormat(const std::string& contents)
 }
 
 // Before the tree is made. Only for a large one, since to ask takes longer than to read a small
-// one.
-void requireMemoryForNodes(std::size_t nodes)
+// one. The text is in memory, and gives its place before the tree is shown.
+void requireMemoryFor(const TreeSize& size, std::size_t textSize)
 {
   constexpr std::size_t leastToAsk = 100'000;
-  if (nodes >= leastToAsk)
+  if (size.nodes >= leastToAsk)
   {
-    requireMemory("To read the " + std::to_string(nodes) + " nodes of the file",
-                  nodes * Tree::bytesPerNode);
+    requireMemory("To show the tree's " + std::to_string(size.nodes) + " nodes",
+                  memoryToReadAndShow(size, textSize, textSize));
   }
 }
 
@@ -117,8 +118,9 @@ boost::shared_ptr<Tree> NewickReader::_parse(const std::string& contents, const 
     throw std::logic_error("A Newick reader whose last text was not complete reads no other.");
   }
   _tree.reset();
-  _expectedNodes = countNewickNodes(contents);
-  Detail::requireMemoryForNodes(_expectedNodes);
+  const TreeSize size = sizeOfNewick(contents);
+  Detail::requireMemoryFor(size, contents.size());
+  _expectedNodes = size.nodes;
   std::size_t position = 0;
   try
   {

@@ -2,6 +2,8 @@
 
 #include "support/Outcome.h"
 #include "tree/model/Tree.h"
+#include "tree/model/TreeSize.h"
+#include "tree/newick/NodeCount.h"
 
 #include <boost/lexical_cast.hpp>
 
@@ -188,4 +190,27 @@ TEST(NewickReader, SaysWhyAFileCannotBeRead)
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
   EXPECT_EQ(readAgain(file, true), "Could not open file.");
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+}
+
+TEST(NewickReader, KnowsTheTreesSizeBeforeItIsMade)
+{
+  std::string large = "(";
+  for (int i = 0; i < 20'000; ++i)
+  {
+    large += "((" + std::string(i % 200, 'n') + ":0.125,b)x:1.5," + std::string(30, 'c') + ")" +
+             (i % 3000 == 2999 ? ");(" : ",");
+  }
+  for (const std::string& text : {large, large.substr(0, 5000), std::string("(a,b);((c,d),e)f;"),
+                                  std::string("(())"), std::string("no tree")})
+  {
+    SCOPED_TRACE(text.substr(0, 20));
+    const TreeSize expected = sizeOfNewick(text + ")");
+    const auto tree = NewickReader().parseContents(text);
+    const TreeSize size = tree ? sizeToShow(*tree) : TreeSize();
+    EXPECT_NEAR(double(expected.nodes), double(size.nodes), 1) << "the last item may be incomplete";
+    EXPECT_NEAR(double(expected.shownNodes), double(size.shownNodes), 1);
+    EXPECT_NEAR(double(expected.shownLeaves), double(size.shownLeaves), 1);
+    EXPECT_NEAR(double(expected.labelBytes), double(size.labelBytes), double(size.labelBytes) / 20)
+        << "by samples";
+  }
 }
