@@ -87,6 +87,10 @@ def snapshots(folder):
     assert len(examples) > 3
     for example in examples:
         run(folder, "orvex-snapshot", example, "example.png").check_returncode()
+    os.mkfifo(folder / "pipe.png")
+    with subprocess.Popen(["cat", folder / "pipe.png"], stdout=subprocess.PIPE) as reader:
+        run(folder, "orvex-snapshot", "t.nwk", "pipe.png").check_returncode()
+        assert reader.stdout.read() == (folder / "1.png").read_bytes()
 
 
 @scenario
@@ -180,18 +184,20 @@ def wrong_arguments(folder):
                 ("orvex-snapshot", "t.nwk", "t.nwk x.png y.png", "none.nwk x.png",
                  "empty.nwk x.png", "t.nwk x.xyz", "t.nwk old.ico", "t.nwk x.ico",
                  "t.nwk no/x.png", "t.nwk x.png --size 0x5",
-                 "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue"),
+                 "t.nwk x.png --size 9x9999", "t.nwk x.png --zoom nan", "t.nwk x.png --hue",
+                 "-t.nwk x.png"),
                 ("orvex-generate", "", "star", "star 3 4", "star x", "star -3", "star 3x", "star 0",
-                 "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sow 4"),
+                 "star 99999999999", "bush 3", "star 3 --seed", "star 3 --sow 4", "-xh"),
                 ("orvex-convert", "", "t.nwk", "none.nwk -", ". x.nwk", "empty.nwk x.nwk",
                  "cut.gz x.nwk", "t.nwk no/x.nwk", "t.nwk x.nwk --tree 2", "--list t.nwk x.nwk",
-                 "t.nwk x.nwk --all"),
+                 "t.nwk x.nwk --all", "-t.nwk x.nwk"),
                 ("orvex-tree-service", "", ". .", "--port", f"--port {taken.getsockname()[1]} .",
                  "--port 0 .", "--port 65536 .", "--port 80x .", "--verbose .", "none", "t.nwk")):
             for arguments in cases:
                 refused = run(folder, program, *arguments.split())
                 assert refused.returncode == 1 and re.fullmatch(
                     program + ": [^\n]+\n", refused.stderr), refused
+                assert ("write './-t.nwk'. See" in refused.stderr) == ("-t.nwk" in arguments), refused
     for session in ({"DISPLAY": ""}, {"QT_QPA_PLATFORM": "minimal"}):
         refused = run(folder, "orvex-snapshot", "t.nwk", "x.png", **session)
         assert refused.returncode == 1 and refused.stderr.count("\n") == 1, refused

@@ -1,6 +1,7 @@
 // Makes of a tree in Newick or NEXUS the narrow Newick that the viewer reads.
 
 #include "convert/Conversion.h"
+#include "terminal/Options.h"
 
 #include <getopt.h>
 
@@ -130,7 +131,8 @@ int run(int argc, char** argv)
       {"list", no_argument, nullptr, 'l'},       {"quiet", no_argument, nullptr, 'q'},
       {"tree", required_argument, nullptr, 't'}, {}};
   Options options;
-  for (int found = 0; (found = getopt_long(argc, argv, "h", known, nullptr)) != -1;)
+  opterr = 0; // it would say why it refuses an option in words of its own
+  for (int found = 0; (found = getopt_long(argc, argv, ":h", known, nullptr)) != -1;)
   {
     switch (found)
     {
@@ -150,7 +152,8 @@ int run(int argc, char** argv)
       options.request.tree = optarg;
       break;
     default:
-      return EXIT_FAILURE; // getopt_long has said why
+      throw std::invalid_argument(orvex::tools::refusedOption(argv, found) +
+                                  " See orvex-convert --help.");
     }
   }
   if (argc - optind != (options.isList ? 1 : 2))
@@ -167,8 +170,6 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-  // So getopt_long's messages begin as ours do.
-  argv[0] = program_invocation_short_name;
   std::ios_base::sync_with_stdio(false);
   try
   {

@@ -1,12 +1,13 @@
 // Writes a generated tree in Newick form to the standard output.
 
 #include "generate/TreeGenerator.h"
+#include "terminal/Options.h"
 #include "terminal/TerminalProgress.h"
 
 #include <getopt.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <cctype>
 #include <charconv>
 #include <cstdlib>
 #include <exception>
@@ -83,7 +84,8 @@ int run(int argc, char** argv)
                             {"lengths", no_argument, nullptr, 'l'},
                             {}};
   Request request;
-  for (int found = 0; (found = getopt_long(argc, argv, "h", options, nullptr)) != -1;)
+  opterr = 0; // it would say why it refuses an option in words of its own
+  for (int found = 0; (found = getopt_long(argc, argv, ":h", options, nullptr)) != -1;)
   {
     switch (found)
     {
@@ -97,7 +99,13 @@ int run(int argc, char** argv)
       request.lengths = true;
       break;
     default:
-      return EXIT_FAILURE; // getopt_long has said why
+      if (std::isdigit(static_cast<unsigned char>(optopt)) != 0)
+      {
+        throw std::invalid_argument("There are no negative numbers here. "
+                                    "See orvex-generate --help.");
+      }
+      throw std::invalid_argument(orvex::tools::refusedOption(argv, found) +
+                                  " See orvex-generate --help.");
     }
   }
   if (argc - optind != 2)
@@ -115,8 +123,6 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-  // So getopt_long's messages begin as ours do.
-  argv[0] = program_invocation_short_name;
   try
   {
     return run(argc, argv);

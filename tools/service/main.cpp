@@ -2,6 +2,7 @@
 
 #include "service/TreeFolder.h"
 #include "service/TreeJson.h"
+#include "terminal/Options.h"
 #include "tree/model/Tree.h"
 
 #include <boost/algorithm/string/predicate.hpp>
@@ -12,7 +13,6 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <csignal>
@@ -234,7 +234,8 @@ int run(int argc, char** argv)
   const option known[] = {
       {"help", no_argument, nullptr, 'h'}, {"port", required_argument, nullptr, 'p'}, {}};
   Options options;
-  for (int found = 0; (found = getopt_long(argc, argv, "h", known, nullptr)) != -1;)
+  opterr = 0; // it would say why it refuses an option in words of its own
+  for (int found = 0; (found = getopt_long(argc, argv, ":h", known, nullptr)) != -1;)
   {
     switch (found)
     {
@@ -245,7 +246,8 @@ int run(int argc, char** argv)
       options.port = parsePort(optarg);
       break;
     default:
-      return EXIT_FAILURE; // getopt_long has said why
+      throw std::invalid_argument(orvex::tools::refusedOption(argv, found) +
+                                  " See orvex-tree-service --help.");
     }
   }
   if (argc - optind != 1)
@@ -261,8 +263,6 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-  // So getopt_long's messages begin as ours do.
-  argv[0] = program_invocation_short_name;
   try
   {
     return run(argc, argv);

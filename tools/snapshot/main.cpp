@@ -7,6 +7,7 @@
 #include "gui/qt/Strings.h"
 #include "render/gl/font/FreeType.h"
 #include "snapshot/Picture.h"
+#include "terminal/Options.h"
 #include "terminal/TerminalProgress.h"
 #include "tree/Document.h"
 
@@ -52,13 +53,14 @@ QSize toSize(const QString& value)
   return size;
 }
 
-double toNumber(const QString& value)
+double toNumber(const QCommandLineParser& parser, const QString& option)
 {
+  const QString value = parser.value(option);
   bool valid = false;
   const double number = value.toDouble(&valid);
   if (!valid || !std::isfinite(number))
   {
-    throw std::invalid_argument("'" + text(value) + "' is no number");
+    throw std::invalid_argument("--" + text(option) + ": '" + text(value) + "' is no number");
   }
   return number;
 }
@@ -88,11 +90,14 @@ void describe(QCommandLineParser& parser)
         "Width and height of the picture in pixels, each from 1 to 8192; 1000x600 if not given.",
         "WxH", "1000x600"},
        {"zoom",
-        "Factor by which the tree is stretched in height, from 1, where all of it is seen; 1 if "
-        "not given.",
+        "Factor by which the tree is stretched in height, from 1, where all of it is seen, to as "
+        "much as the viewer allows; beyond it the nearest is taken; 1 if not given.",
         "Z", "1"},
-       {"pan", "How far the tree is moved up, in heights of the whole tree; 0 if not given.", "Y",
-        "0"},
+       {"pan",
+        "How far the tree is moved up, in heights of the whole tree; beyond its ends the picture "
+        "is "
+        "empty; 0 if not given.",
+        "Y", "0"},
        {"all", "Shows every line, never an outline of a clade; off if not given."}});
 }
 
@@ -105,8 +110,8 @@ Request toRequest(const QCommandLineParser& parser)
   }
   return {Tools::Qt::fileName(names[0]),
           toImageName(names[1]),
-          {toSize(parser.value("size")), toNumber(parser.value("zoom")),
-           toNumber(parser.value("pan")), parser.isSet("all")}};
+          {toSize(parser.value("size")), toNumber(parser, "zoom"), toNumber(parser, "pan"),
+           parser.isSet("all")}};
 }
 
 boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
@@ -129,11 +134,10 @@ boost::shared_ptr<orvex::Tree> readTree(const std::string& name)
 
 void write(const QImage& picture, const std::string& name)
 {
-  if (!Tools::Qt::saveImage(picture, name))
+  const std::string failure = Tools::Qt::saveImage(picture, name);
+  if (!failure.empty())
   {
-    throw std::runtime_error("can't write '" + name +
-                             "': its folder or the file itself must be writable, and for .tif Qt's "
-                             "TIFF writer installed");
+    throw std::runtime_error("can't write '" + name + "': " + failure);
   }
 }
 
@@ -157,13 +161,25 @@ QStringList toArguments(int argc, char** argv)
   return arguments;
 }
 
+std::string hintForDash(const QStringList& arguments)
+{
+  std::string hint;
+  for (const QString& argument : arguments)
+  {
+    hint += hint.empty() ? orvex::tools::hintForFile(Tools::Qt::fileName(argument)) : "";
+  }
+  return hint;
+}
+
 void run(int argc, char** argv)
 {
   QCommandLineParser parser;
+  parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
   describe(parser);
   if (!parser.parse(toArguments(argc, argv)))
   {
-    throw std::invalid_argument(text(parser.errorText()) + seeHelp);
+    throw std::invalid_argument(text(parser.errorText()) + hintForDash(toArguments(argc, argv)) +
+                                seeHelp);
   }
   // Qt would take some arguments for options of its own.
   int one = 1;

@@ -1,0 +1,28 @@
+#include "terminal/Options.h"
+
+#include <getopt.h>
+
+namespace orvex::tools
+{
+
+std::string refusedOption(char** argv, int found)
+{
+  // It stays at an argument of several letters until it has seen the last one.
+  const char* const next = argv[optind];
+  const bool isInside = optopt != 0 && next && next[0] == '-' && next[1] == optopt;
+  const std::string argument = isInside ? next : argv[optind - 1];
+  if (found == ':')
+  {
+    return argument + " needs a value.";
+  }
+  return "'" + argument + "' is no option." + hintForFile(argument);
+}
+
+std::string hintForFile(const std::string& argument)
+{
+  const bool isFile = argument.size() > 2 && argument[0] == '-' && argument[1] != '-' &&
+                      argument.find('.') != std::string::npos;
+  return isFile ? " For the file of that name write './" + argument + "'." : "";
+}
+
+} // namespace orvex::tools

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace orvex::tools
+{
+
+/// Why getopt_long has just refused an option, for one line that ends a program. It must have been
+/// called with opterr at 0 and ":" before the letters.
+/// \param found  what it has returned: ":" or "?"
+std::string refusedOption(char** argv, int found);
+
+/// What to write if an argument that was taken for an option is the name of a file: a sentence
+/// after a blank, empty if it looks like no such name.
+std::string hintForFile(const std::string& argument);
+
+} // namespace orvex::tools
