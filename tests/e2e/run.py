@@ -12,6 +12,7 @@ import tempfile
 sys.dont_write_bytecode = True
 
 import opening_scenarios  # noqa: F401
+import paper_scenarios  # noqa: F401
 import tool_scenarios  # noqa: F401
 import viewer_scenarios  # noqa: F401
 from desktop import display

@@ -2,6 +2,7 @@
 
 #include "foundation/math/Matrix44.h"
 #include "render/camera/Viewport.h"
+#include "render/layout/Box2D.h"
 
 namespace orvex::render
 {
@@ -22,6 +23,15 @@ struct DrawingPass
   Kelmar::Math::Matrix44d computeLocalToScreenMatrix() const;
 };
 
+/// How a window is divided: the thumbnail takes the left tenth, the main area the rest.
+struct WindowAreas
+{
+  WindowAreas(unsigned int width, unsigned int height);
+
+  Viewport thumbnail;
+  Viewport main;
+};
+
 /// The projection of the main area: one unit is one pixel, the origin is at the lower left.
 /// \pre the area is not empty
 Kelmar::Math::Matrix44d mainProjection(const Viewport& area);
@@ -29,5 +39,13 @@ Kelmar::Math::Matrix44d mainProjection(const Viewport& area);
 /// The pass that draws what a camera sees into the main area.
 /// \pre the area is not empty
 DrawingPass mainPass(const CameraCladogram& camera, const Viewport& area);
+
+/// The pass that draws the whole tree into the column of the thumbnail.
+DrawingPass thumbnailPass(const Viewport& column);
+
+/// The part of the world that the main area shows, as the thumbnail's rectangle draws it: its right
+/// edge follows a formula of its own.
+/// \throws std::runtime_error  if the pass's matrices can't be inverted
+Box2D shownPart(const DrawingPass& mainPass);
 
 } // namespace orvex::render

@@ -39,10 +39,16 @@ public:
   bool joinsLines() const { return _joinsLines; }
   void joinsLines(bool value) { _joinsLines = value; }
 
+  /// Whether labels that would run into each other are left out, as at first. If not, all are
+  /// drawn.
+  bool thinsLabels() const { return _thinsLabels; }
+  void thinsLabels(bool value) { _thinsLabels = value; }
+
 private:
   DrawingPass _pass;
   boost::intrusive_ptr<Batch> _batch;
   bool _joinsLines = true;
+  bool _thinsLabels = true;
 };
 
 } // namespace orvex::render::gl

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "render/gl/font/FontFile.h"
+
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 namespace orvex::render::gl
@@ -12,5 +14,9 @@ class Font;
 /// \return null if neither can be opened
 /// \throws std::runtime_error  if the font library can't start
 boost::intrusive_ptr<Font> loadLabelFont();
+
+/// The file of that font, for who draws it by other means; without a path if it can't be opened.
+/// \throws std::runtime_error  if the font library can't start
+FontFile labelFontFile();
 
 } // namespace orvex::render::gl

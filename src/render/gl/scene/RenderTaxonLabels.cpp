@@ -57,18 +57,21 @@ void RenderTaxonLabels::_hold(unsigned int level, Level& found)
 void RenderTaxonLabels::findTextForLevel(unsigned int level, const State& state, double minimumY,
                                          double maximumY, std::vector<Text*>& found)
 {
+  const Kept* const kept = state.thinsLabels() ? &getOrCreateTextForLevel(level, state) : nullptr;
   Box2D rows;
   rows.minimum.y = minimumY;
   rows.maximum.y = maximumY;
-  const Kept& kept = getOrCreateTextForLevel(level, state);
   const Kelmar::Math::Matrix44d localToScreen = state.getLocalToScreenMatrix();
   // No label is larger than the common box; one pixel more allows for rounding.
   const std::size_t end =
       _column.firstBelowWindowRow(minimumY - _boundingBox.maximum.y - 1.0, localToScreen);
   std::size_t i =
       _column.firstBelowWindowRow(maximumY - _boundingBox.minimum.y + 1.0, localToScreen);
-  i = i == 0 ? kept.find_first() : kept.find_next(i - 1);
-  for (; i < end; i = kept.find_next(i))
+  if (kept)
+  {
+    i = i == 0 ? kept->find_first() : kept->find_next(i - 1);
+  }
+  for (; i < end; i = kept ? kept->find_next(i) : i + 1)
   {
     Text& text = *texts()[i];
     if (text.getBoundingBoxScreenSpace(localToScreen).overlapsInY(rows))

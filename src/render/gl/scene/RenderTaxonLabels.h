@@ -45,8 +45,9 @@ public:
   /// Decided when the level is first shown, with the matrices of that moment, and never changed.
   const Kept& getOrCreateTextForLevel(unsigned int level, const State& state);
 
-  /// Appends the labels kept for a level whose box overlaps a range of window rows, or touches it,
-  /// in their order. The time depends on the number of labels found, not on that of all labels.
+  /// Appends the labels kept for a level, or all where the state does not thin, whose box overlaps
+  /// a range of window rows, or touches it, in their order. The time depends on the number of
+  /// labels found, not on that of all labels.
   void findTextForLevel(unsigned int level, const State& state, double minimumY, double maximumY,
                         std::vector<Text*>& found);
 

@@ -1,6 +1,5 @@
 #include "render/gl/view/Thumbnail.h"
 
-#include "foundation/math/InverseMatrix.h"
 #include "foundation/progress/Work.h"
 #include "render/gl/device/ClientArrays.h"
 #include "render/gl/device/FrameBufferObject.h"
@@ -21,9 +20,6 @@ namespace Detail
 {
 namespace
 {
-
-using Kelmar::Math::Matrix44d;
-using Kelmar::Math::Vector3d;
 
 struct Colour
 {
@@ -100,21 +96,6 @@ void drawTexture(Texture2D& picture)
   glPopAttrib();
 }
 
-/// The part of the world that the main area shows, as the rectangle draws it: its right edge
-/// follows a formula of its own.
-Box2D shownPart(const DrawingPass& mainPass)
-{
-  const Matrix44d toWorld = inverseOrThrow(mainPass.computeLocalToScreenMatrix());
-  const Viewport& area = mainPass.viewport;
-  // The second corner is not moved by the viewport's origin: the rectangle is defined so.
-  const Vector3d a = toWorld * Vector3d(area.x, area.y, 0.0);
-  const Vector3d b = toWorld * Vector3d(area.width, area.height, 0.0);
-  const double dx = b[0] - a[0];
-  const double dy = b[1] - a[1];
-  // Not simply b: a + (b - a) is rounded and can differ from b, and the corners are defined by it.
-  return {{a[0], a[1]}, {a[0] + dx, a[1] + dy}};
-}
-
 void drawShownPart(const Box2D& part)
 {
   const Quad quad = makeQuad(part, 0.0f);
@@ -149,12 +130,12 @@ void Thumbnail::prepare()
 
 void Thumbnail::render(const DrawingPass& mainPass)
 {
-  applyPass(_pass());
+  applyPass(thumbnailPass(_column));
   if (_picture)
   {
     Detail::drawTexture(*_picture);
   }
-  Detail::drawShownPart(Detail::shownPart(mainPass));
+  Detail::drawShownPart(shownPart(mainPass));
 }
 
 void Thumbnail::_createPicture()
@@ -189,7 +170,7 @@ void Thumbnail::_drawPicture()
   glDisable(GL_DEPTH_TEST);
   glDepthMask(GL_FALSE);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  const DrawingPass pass = _pass();
+  const DrawingPass pass = thumbnailPass(_column);
   applyPass(pass);
   _drawTree(pass);
   const boost::intrusive_ptr<Image> image(new Image);
@@ -198,14 +179,6 @@ void Thumbnail::_drawPicture()
   _picture = new Texture2D(image);
   glReadPixels(0, 0, static_cast<GLsizei>(_column.width), static_cast<GLsizei>(_column.height),
                GL_RGBA, GL_UNSIGNED_BYTE, image->buffer());
-}
-
-DrawingPass Thumbnail::_pass() const
-{
-  using Detail::Matrix44d;
-  // Together they take the unit square to the whole column.
-  return {_column, Matrix44d::orthographic(-0.5, 0.5, -0.5, 0.5, -10.0, 10.0),
-          Matrix44d::translation({-0.5, -0.5, -2.5})};
 }
 
 } // namespace orvex::render::gl

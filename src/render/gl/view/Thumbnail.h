@@ -43,7 +43,6 @@ public:
 private:
   void _createPicture();
   void _drawPicture();
-  DrawingPass _pass() const;
 
   DrawTree _drawTree;
   Viewport _column;

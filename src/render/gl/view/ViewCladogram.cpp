@@ -28,8 +28,6 @@ namespace
 
 using Kelmar::Math::Vector3d;
 
-constexpr double thumbnailShare = 0.1;
-
 /// Sets whether labels are drawn, for one pass; sets it to true at the end of the scope.
 class DrawTextScope : private boost::noncopyable
 {
@@ -123,9 +121,9 @@ void ViewCladogram::update()
 
 void ViewCladogram::resize(unsigned int width, unsigned int height)
 {
-  const auto thumbnailWidth = static_cast<unsigned int>(width * Detail::thumbnailShare);
-  _thumbnail.resize({0, 0, thumbnailWidth, height});
-  _mainViewport.set(thumbnailWidth, 0, width - thumbnailWidth, height);
+  const WindowAreas areas(width, height);
+  _thumbnail.resize(areas.thumbnail);
+  _mainViewport = areas.main;
   if (tree() && !_mainViewport.empty())
   {
     camera()->updateZoomInformation(tree()->getNumberOfLeafNodes(), mostPixelsPerLeaf,

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "snapshot/Look.h"
+
+#include <QStringList>
+
+#include <optional>
+#include <string>
+
+class QCommandLineParser;
+
+namespace orvex::snapshot
+{
+
+/// What the program is asked for.
+struct Request
+{
+  enum class Kind
+  {
+    Pixels,
+    Pdf,
+    Svg
+  };
+
+  std::string tree;
+  std::string image;
+  Kind kind = Kind::Pixels;
+  Look look;
+  /// Black on white.
+  bool paperColours = false;
+  /// In points.
+  std::optional<double> lineWidth;
+};
+
+/// Tells the parser of all options, with their explanations.
+void describe(QCommandLineParser& parser);
+
+/// \throws std::invalid_argument  for what can't be done
+Request toRequest(const QCommandLineParser& parser);
+
+} // namespace orvex::snapshot
