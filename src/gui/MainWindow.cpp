@@ -3,6 +3,7 @@
 #include "foundation/guard/Guarded.h"
 #include "foundation/guard/NoThrow.h"
 #include "gui/AboutText.h"
+#include "gui/NewickFiles.h"
 #include "gui/OpeningProgress.h"
 #include "gui/TreeListDialog.h"
 #include "gui/Viewer.h"
@@ -10,14 +11,13 @@
 #include "gui/qt/CentralArea.h"
 #include "gui/qt/ErrorBox.h"
 #include "gui/qt/FileDialog.h"
-#include "gui/qt/Settings.h"
 #include "gui/qt/Strings.h"
 #include "gui/qt/WaitCursor.h"
+#include "gui/qt/WindowGeometry.h"
 #include "render/camera/DisplaySettings.h"
 #include "render/gl/font/FreeType.h"
 #include "tree/Document.h"
 #include "tree/model/Tree.h"
-#include "tree/newick/NewickFile.h"
 #include "tree/service/TreeData.h"
 #include "tree/service/TreeList.h"
 #include "ui_MainWindow.h"
@@ -25,6 +25,7 @@
 #include <boost/bind/bind.hpp>
 
 #include <QCoreApplication>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QMessageBox>
 
@@ -41,8 +42,6 @@ namespace
 
 using Kelmar::Functions::guarded;
 
-const char* const geometryKey = "main_window_geometry";
-
 } // namespace
 } // namespace Detail
 
@@ -55,15 +54,15 @@ MainWindow::MainWindow() : _ui(new Ui_MainWindow)
     connect(this, &MainWindow::viewerIsValid, action, &QAction::setEnabled);
   }
   emit viewerIsValid(false);
+  setAcceptDrops(true);
+  // The program that the file comes from waits until the event is handled.
+  connect(
+      this, &MainWindow::newickFileDropped, this,
+      [this](const QString& name) { _replaceByFile(Tools::Qt::fileName(name)); },
+      ::Qt::QueuedConnection);
   setWindowTitle(QCoreApplication::applicationName());
   setWindowIcon(QIcon(":/Images/tesmar_icon.gif"));
-  const QSize usual = size();
-  restoreGeometry(Tools::Qt::setting(Detail::geometryKey).toByteArray());
-  // From a damaged value Qt can make a window of one pixel, which a user could not find.
-  if (size().expandedTo(minimumSizeHint()) != size())
-  {
-    resize(usual);
-  }
+  Tools::Qt::restoreWindowGeometry(*this);
 }
 
 MainWindow::~MainWindow()
@@ -73,7 +72,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::_destroy()
 {
-  Tools::Qt::setting(Detail::geometryKey, saveGeometry());
+  Tools::Qt::saveWindowGeometry(*this);
   delete _ui;
   _ui = nullptr;
   _documentClose();
@@ -98,12 +97,8 @@ void MainWindow::_documentOpen()
   Detail::guarded(
       [this]
       {
-        Tools::Qt::FileDialog::Filters filters;
-        for (const std::string ending : orvex::newickEndings)
-        {
-          filters.emplace_back("Newick (*." + ending + ")", "*." + ending);
-        }
-        const std::string name = Tools::Qt::FileDialog::getOpenFileName(this, "Open", filters);
+        const std::string name =
+            Tools::Qt::FileDialog::getOpenFileName(this, "Open", newickFilters());
         if (!name.empty())
         {
           _replaceByFile(name);
@@ -119,6 +114,20 @@ void MainWindow::_replaceByFile(const std::string& name)
   if (_repaint())
   {
     _documentOpen(name);
+  }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+  acceptNewickFile(*event);
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+  const std::string name = acceptNewickFile(*event);
+  if (!name.empty())
+  {
+    emit newickFileDropped(Tools::Qt::fileName(name));
   }
 }
 
@@ -267,36 +276,6 @@ void MainWindow::_toggleAlwaysShowHighLod()
 void MainWindow::_about()
 {
   QMessageBox::about(this, "About", aboutText);
-}
-
-void MainWindow::on_actionOpen_triggered()
-{
-  _documentOpen();
-}
-
-void MainWindow::on_actionOpen_from_orvex_Halvane_triggered()
-{
-  _documentOpenFromHalvane();
-}
-
-void MainWindow::on_actionExport_Image_triggered()
-{
-  _exportImage();
-}
-
-void MainWindow::on_actionInfo_triggered()
-{
-  _showTreeInfo();
-}
-
-void MainWindow::on_actionAlways_Show_Tree_triggered()
-{
-  _toggleAlwaysShowHighLod();
-}
-
-void MainWindow::on_actionAbout_triggered()
-{
-  _about();
 }
 
 } // namespace Lumbra

@@ -33,6 +33,8 @@ public:
 signals:
   /// Whether there is a viewer for the actions that need one. Only the constructor emits false.
   void viewerIsValid(bool valid);
+  /// The file is opened later.
+  void newickFileDropped(const QString& name);
 
 protected:
   /// Closes the shown tree.
@@ -43,13 +45,18 @@ protected:
   /// \param name  in the file system's encoding
   virtual void _documentOpen(const std::string& name);
 
+  /// One Newick file is taken; anything else is refused by the pointer's shape.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  /// Opens the file when the drag is over, as after the dialog.
+  void dropEvent(QDropEvent* event) override;
+
 private slots:
-  void on_actionOpen_triggered();
-  void on_actionOpen_from_orvex_Halvane_triggered();
-  void on_actionExport_Image_triggered();
-  void on_actionInfo_triggered();
-  void on_actionAlways_Show_Tree_triggered();
-  void on_actionAbout_triggered();
+  void on_actionOpen_triggered() { _documentOpen(); }
+  void on_actionOpen_from_orvex_Halvane_triggered() { _documentOpenFromHalvane(); }
+  void on_actionExport_Image_triggered() { _exportImage(); }
+  void on_actionInfo_triggered() { _showTreeInfo(); }
+  void on_actionAlways_Show_Tree_triggered() { _toggleAlwaysShowHighLod(); }
+  void on_actionAbout_triggered() { _about(); }
 
 private:
   void _destroy();

@@ -2,7 +2,10 @@
 #include "support/Window.h"
 #include "tree/model/Tree.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
+#include <QUrl>
 
 const char* const fiveNodes = "((a,b),c);";
 const char* const treeActions[] = {"actionInfo", "actionExport_Image", "actionAlways_Show_Tree"};
@@ -73,6 +76,35 @@ TEST_F(MainWindowTest, AlwaysShowTreeIsASwitchOfTheShownViewer)
   window._documentNew();
   always.trigger();
   EXPECT_TRUE(always.isChecked()) << "without a viewer it changes nothing";
+}
+
+TEST_F(MainWindowTest, OpensTheOneNewickFileThatIsDroppedAndCopiesIt)
+{
+  const QUrl tree =
+      QUrl::fromLocalFile(QString::fromStdString(file("five \xc3\xa9.TRE", fiveNodes)));
+  const QUrl text = QUrl::fromLocalFile(QString::fromStdString(file("five.txt", fiveNodes)));
+  for (const auto& [urls, actions, taken] :
+       {std::tuple(QList<QUrl>{text}, Qt::CopyAction | Qt::MoveAction, false),
+        {{tree, tree}, Qt::CopyAction | Qt::MoveAction, false},
+        {{QUrl("http://a.example/five.nwk")}, Qt::CopyAction | Qt::MoveAction, false},
+        {{tree}, Qt::MoveAction | Qt::LinkAction, false},
+        {{tree}, Qt::CopyAction | Qt::MoveAction, true}})
+  {
+    SCOPED_TRACE(urls.front().toString().toStdString());
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({}, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QDropEvent drop({}, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+    for (QDropEvent* event : {static_cast<QDropEvent*>(&enter), &drop})
+    {
+      event->setAccepted(false);
+      QCoreApplication::sendEvent(&window, event);
+      EXPECT_EQ(event->isAccepted(), taken);
+      EXPECT_TRUE(!taken || event->dropAction() == Qt::CopyAction);
+    }
+    QTest::qWait(20);
+    EXPECT_EQ(window.viewer() != nullptr, taken);
+  }
 }
 
 TEST_F(MainWindowTest, ANewTreeReplacesTheShownOne)
