@@ -69,8 +69,20 @@ bool refusesDisplay(const QString& message)
   Kelmar::Functions::TerminationReport::end(std::runtime_error(reason));
 }
 
-void handle(QtMsgType type, const QMessageLogContext&, const QString& message)
+// When a dialog closes, Qt asks the X server where its window lies, which is gone by then. Nothing
+// is wrong, and the log would gather such lines. All other errors of the server are kept.
+bool isNoise(const QMessageLogContext& context, const QString& message)
 {
+  return qstrcmp(context.category, "qt.qpa.xcb") == 0 && message.contains("error: 3 (BadWindow)") &&
+         message.contains("(TranslateCoords)");
+}
+
+void handle(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+  if (isNoise(context, message))
+  {
+    return;
+  }
   try
   {
     qtOutput(type, Tools::Qt::text(message).c_str());

@@ -1,6 +1,8 @@
 #include "shell/QtOutput.h"
 #include "support/Window.h"
 
+#include <QLoggingCategory>
+
 #include <stdexcept>
 
 class ApplicationTest : public DisplayTest
@@ -38,7 +40,12 @@ TEST_F(ApplicationTest, LogsMessagesOfQtUnderTheirLevels)
   Helper::qtOutput(QtDebugMsg, nullptr);
   Helper::installQtOutput("");
   qWarning("%s", "\xc3\xa9toile");
+  const QLoggingCategory windowSystem("qt.qpa.xcb");
+  qCWarning(windowSystem, "XCB error: 3 (BadWindow), id: 1, major code: 40 (TranslateCoords)");
+  qCWarning(windowSystem, "XCB error: 3 (BadWindow), id: 1, major code: 18 (ChangeProperty)");
   qInstallMessageHandler(nullptr);
-  EXPECT_EQ(log(), "Qt Warning Message: odd\nthing\nQt Debug Message: \nQt Critical Message: bad\n"
-                   "Qt Fatal Message: worse\nQt Warning Message: \xc3\xa9toile\n");
+  EXPECT_EQ(log(),
+            "Qt Warning Message: odd\nthing\nQt Debug Message: \nQt Critical Message: bad\n"
+            "Qt Fatal Message: worse\nQt Warning Message: \xc3\xa9toile\nQt Warning Message: "
+            "XCB error: 3 (BadWindow), id: 1, major code: 18 (ChangeProperty)\n");
 }
