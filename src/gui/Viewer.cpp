@@ -3,7 +3,7 @@
 #include "foundation/system/AllocatorMemory.h"
 #include "gui/qt/ImageFile.h"
 #include "render/camera/MouseEvent.h"
-#include "render/gl/device/Multisampling.h"
+#include "render/gl/device/Driver.h"
 #include "render/gl/device/ReadFrame.h"
 #include "render/gl/view/ViewCladogram.h"
 
@@ -82,6 +82,10 @@ Viewer::Viewer(QWidget* parent, const QRect& place) : QGLWidget(Detail::multisam
     throw std::runtime_error("The tree can't be drawn: this display gives no OpenGL context.");
   }
   makeCurrent();
+  if (!orvex::render::gl::answers())
+  {
+    throw std::runtime_error("The tree can't be drawn: this display's OpenGL does not answer.");
+  }
   if (format().sampleBuffers() && !orvex::render::gl::canMultisample())
   {
     setFormat(QGLFormat());

@@ -30,7 +30,7 @@ def display():
     # A server that resets itself when its last client goes turns away whoever comes meanwhile.
     processes = [subprocess.Popen(
         ["Xvfb", "-displayfd", str(write), "-noreset", "-screen", "0", "1200x900x24", "+extension",
-         "GLX", "-fbdir", folder.name], pass_fds=[write], stderr=subprocess.DEVNULL)]
+         "GLX", "+iglx", "-fbdir", folder.name], pass_fds=[write], stderr=subprocess.DEVNULL)]
     os.close(write)
     try:
         with os.fdopen(read) as pipe:

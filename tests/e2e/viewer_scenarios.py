@@ -215,9 +215,11 @@ def garbage_in_settings(folder):
 
 @scenario
 def no_opengl(folder):
-    with viewer(folder, QT_XCB_GL_INTEGRATION="none") as main:
-        main.open("wide.nwk")
-        confirm("Error Loading File .*")
+    """None at all, or one that takes all calls and does nothing."""
+    for variables in {"QT_XCB_GL_INTEGRATION": "none"}, {"LIBGL_ALWAYS_INDIRECT": "1"}:
+        with viewer(folder, **variables) as main:
+            main.open("wide.nwk")
+            confirm("Error Loading File .*")
 
 
 @scenario

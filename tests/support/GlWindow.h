@@ -2,7 +2,7 @@
 
 #include "render/gl/device/OpenGL.h"
 
-#include "render/gl/device/Multisampling.h"
+#include "render/gl/device/Driver.h"
 
 #include <QCoreApplication>
 #include <QGLWidget>

@@ -33,8 +33,9 @@ void FrameBufferObject::attachTexture(TextureName& texture, unsigned int width, 
   texture.make();
   glBindTexture(GL_TEXTURE_2D, texture.get());
   setTextureParameters();
-  glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), static_cast<GLsizei>(width),
-               static_cast<GLsizei>(height), 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
+  glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format),
+               static_cast<GLsizei>(textureSide(width)), static_cast<GLsizei>(textureSide(height)),
+               0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
   glFramebufferTexture2DEXT(GL_FRAMEBUFFER_EXT, GL_COLOR_ATTACHMENT0_EXT, GL_TEXTURE_2D,
                             texture.get(), 0);
 }

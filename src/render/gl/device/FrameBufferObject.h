@@ -19,7 +19,7 @@ public:
 
   void bind();
   void unbind();
-  /// Binds this object and gives it a new texture of a size to draw into.
+  /// Binds this object and gives it a new texture of a size, at least, to draw into.
   /// \param texture  has no object yet; must live as long as this object is drawn into
   /// \param format  in which the texture is kept: GL_RGBA8 or GL_RGB8
   void attachTexture(TextureName& texture, unsigned int width, unsigned int height,

@@ -1,6 +1,7 @@
 #include "render/gl/draw/Text.h"
 
 #include "render/gl/device/OpenGL.h"
+#include "render/gl/device/TextureUpload.h"
 #include "render/gl/draw/State.h"
 
 #include <algorithm>
@@ -16,8 +17,14 @@ namespace
 constexpr float labelScale = 0.46875f;
 
 constexpr float white[16] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+
 // The bitmap's first row is the top of the glyph.
-constexpr float corners[8] = {0, 1, 1, 1, 1, 0, 0, 0};
+std::array<float, 8> textureCorners(const Glyph& glyph)
+{
+  const float right = textureEnd(glyph.width());
+  const float bottom = textureEnd(glyph.height());
+  return {0, bottom, right, bottom, right, 0, 0, 0};
+}
 
 } // namespace
 } // namespace Detail
@@ -113,9 +120,10 @@ void Text::render(State& state) const
   _forEachQuad(
       [](const Quad& quad)
       {
+        const std::array<float, 8> corners = Detail::textureCorners(*quad.glyph);
         glVertexPointer(2, GL_FLOAT, 0, quad.corners.data());
         glColorPointer(4, GL_FLOAT, 0, Detail::white);
-        glTexCoordPointer(2, GL_FLOAT, 0, Detail::corners);
+        glTexCoordPointer(2, GL_FLOAT, 0, corners.data());
         quad.glyph->apply();
         glDrawArrays(GL_QUADS, 0, 4);
       });

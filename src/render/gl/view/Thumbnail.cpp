@@ -7,11 +7,13 @@
 #include "render/gl/device/Image.h"
 #include "render/gl/device/OpenGL.h"
 #include "render/gl/device/Texture2D.h"
+#include "render/gl/device/TextureUpload.h"
 #include "render/gl/draw/ApplyPass.h"
 #include "render/layout/Box2D.h"
 #include "tree/model/OpeningStages.h"
 
 #include <array>
+#include <iostream>
 #include <utility>
 
 namespace orvex::render::gl
@@ -79,9 +81,11 @@ private:
   FrameBufferObject& _frameBuffer;
 };
 
-void drawTexture(Texture2D& picture)
+void drawTexture(Texture2D& picture, const Viewport& column)
 {
-  constexpr std::array<float, 8> corners{0, 0, 1, 0, 1, 1, 0, 1};
+  const float right = textureEnd(column.width);
+  const float top = textureEnd(column.height);
+  const std::array<float, 8> corners{0, 0, right, 0, right, top, 0, top};
   glPushAttrib(GL_TEXTURE_BIT | GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT);
   glEnable(GL_TEXTURE_2D);
   glDisable(GL_LIGHTING);
@@ -133,7 +137,7 @@ void Thumbnail::render(const DrawingPass& mainPass)
   applyPass(thumbnailPass(_column));
   if (_picture)
   {
-    Detail::drawTexture(*_picture);
+    Detail::drawTexture(*_picture, _column);
   }
   Detail::drawShownPart(shownPart(mainPass));
 }
@@ -159,7 +163,13 @@ void Thumbnail::_createPicture()
   if (!_column.empty())
   {
     _frameBuffer->attachTexture(_target, _column.width, _column.height, GL_RGBA8);
-    _drawPicture();
+    if (_frameBuffer->isComplete())
+    {
+      _drawPicture();
+      return;
+    }
+    std::cout << "The thumbnail is empty: this OpenGL draws no picture of its size.\n"
+              << std::flush;
   }
 }
 

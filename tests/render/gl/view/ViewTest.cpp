@@ -20,6 +20,7 @@ class ViewTest : public GlWindowTest
 protected:
   void open(const std::string& newick, int w, int h)
   {
+    view = nullptr; // before its context
     openWindow(w, h, false);
     view = new ViewCladogram;
     view->tree(orvex::NewickReader().parseContents(newick));
@@ -136,6 +137,39 @@ TEST_F(ViewTest, WithoutFramebufferObjectsTheThumbnailIsOnlyItsRectangle)
   __GLEW_EXT_framebuffer_object = GL_TRUE;
   EXPECT_EQ(find(isLine, 2, 98).count, 0);
   EXPECT_GT(find(isBlue, 2, 98).count, 90 * 600);
+}
+
+/// The sides of all textures of the current context.
+static std::vector<GLint> textureSides()
+{
+  std::vector<GLint> sides;
+  for (GLuint name = 1; name < 400; ++name)
+  {
+    for (const GLenum side : {GL_TEXTURE_WIDTH, GL_TEXTURE_HEIGHT})
+    {
+      if (glIsTexture(name))
+      {
+        glBindTexture(GL_TEXTURE_2D, name);
+        glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, side, &sides.emplace_back());
+      }
+    }
+  }
+  return sides;
+}
+
+TEST_F(ViewTest, AFrameIsTheSameWithTexturesOfPowersOfTwo)
+{
+  open(randomNewick(40, 4), 777, 555);
+  draw();
+  const QImage usual = shown;
+  open(randomNewick(40, 4), 777, 555);
+  __GLEW_ARB_texture_non_power_of_two = GL_FALSE;
+  draw();
+  const std::vector<GLint> sides = textureSides();
+  __GLEW_ARB_texture_non_power_of_two = GL_TRUE;
+  EXPECT_GT(sides.size(), 40u);
+  EXPECT_TRUE(std::all_of(sides.begin(), sides.end(), [](GLint n) { return (n & (n - 1)) == 0; }));
+  EXPECT_EQ(pixelsThatDiffer(shown, usual), 0);
 }
 
 TEST_F(ViewTest, TheThumbnailShowsTheWholeTreeAndIsMadeAgainByAResizeOnly)

@@ -1,9 +1,15 @@
-#include "render/gl/device/Multisampling.h"
+#include "render/gl/device/Driver.h"
 
 #include "render/gl/device/OpenGL.h"
 
 namespace orvex::render::gl
 {
+
+bool answers()
+{
+  const GLubyte* const version = glGetString(GL_VERSION);
+  return version && *version != 0;
+}
 
 bool canMultisample()
 {
