@@ -15,6 +15,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include <iostream>
 #include <stdexcept>
 #include <utility>
 
@@ -33,6 +34,18 @@ QGLFormat multisampled()
   format.setSampleBuffers(true);
   format.setSamples(4);
   return format;
+}
+
+// Once, as it is a matter of the display.
+void tellOfMissingSamples()
+{
+  static bool isTold = false;
+  if (!orvex::render::gl::hasSamples() && !std::exchange(isTold, true))
+  {
+    std::cout << "The windows of this display have one sample for each pixel: outlines of clades "
+                 "are not smooth.\n"
+              << std::flush;
+  }
 }
 
 // Whether the key is held with which the left button acts as the right one: Meta, which is the
@@ -91,6 +104,7 @@ Viewer::Viewer(QWidget* parent, const QRect& place) : QGLWidget(Detail::multisam
     setFormat(QGLFormat());
     makeCurrent();
   }
+  Detail::tellOfMissingSamples();
   _view = new orvex::render::gl::ViewCladogram;
   setFocusPolicy(::Qt::ClickFocus);
   setAttribute(::Qt::WA_DeleteOnClose, true);

@@ -22,15 +22,16 @@ def wait_for(what, condition):
 
 
 @contextlib.contextmanager
-def display():
-    """An X server with a window manager."""
+def display(**variables):
+    """An X server, which has these variables, with a window manager."""
     read, write = os.pipe()
     folder = tempfile.TemporaryDirectory()
     os.environ["FRAME_BUFFER"] = f"{folder.name}/Xvfb_screen0"
     # A server that resets itself when its last client goes turns away whoever comes meanwhile.
     processes = [subprocess.Popen(
         ["Xvfb", "-displayfd", str(write), "-noreset", "-screen", "0", "1200x900x24", "+extension",
-         "GLX", "+iglx", "-fbdir", folder.name], pass_fds=[write], stderr=subprocess.DEVNULL)]
+         "GLX", "+iglx", "-fbdir", folder.name], pass_fds=[write], env={**os.environ, **variables},
+        stderr=subprocess.DEVNULL)]
     os.close(write)
     try:
         with os.fdopen(read) as pipe:

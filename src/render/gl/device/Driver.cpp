@@ -20,4 +20,12 @@ bool canMultisample()
   return isUnknown || most > 1;
 }
 
+bool hasSamples()
+{
+  GLint buffers = 0;
+  glGetIntegerv(GL_SAMPLE_BUFFERS, &buffers);
+  glGetError(); // a driver without samples may not know them
+  return buffers > 0;
+}
+
 } // namespace orvex::render::gl

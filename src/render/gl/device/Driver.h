@@ -11,4 +11,7 @@ bool answers();
 /// can't may offer windows with samples all the same, and crash when the first frame is shown.
 bool canMultisample();
 
+/// Whether the pixels of the window that is drawn into have several samples.
+bool hasSamples();
+
 } // namespace orvex::render::gl

@@ -1,5 +1,6 @@
 #include "render/gl/device/ReadFrame.h"
 
+#include "render/gl/device/Driver.h"
 #include "render/gl/device/FrameBufferObject.h"
 #include "render/gl/device/OpenGL.h"
 #include "render/gl/device/PixelStoreScope.h"
@@ -60,10 +61,8 @@ void readFrame(unsigned int width, unsigned int height, unsigned char* rgba)
   while (glGetError() != GL_NO_ERROR) // of the time before
   {
   }
-  const bool hasSamples = Detail::valueOf(GL_SAMPLE_BUFFERS) > 0;
-  glGetError(); // a driver without samples may not know them
   const bool canCopy = FrameBufferObject::isSupported() && GLEW_EXT_framebuffer_blit;
-  if (hasSamples && canCopy && Detail::readMeans(width, height, rgba))
+  if (hasSamples() && canCopy && Detail::readMeans(width, height, rgba))
   {
     return;
   }
