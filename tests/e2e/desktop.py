@@ -30,7 +30,7 @@ def display(**variables):
     # A server that resets itself when its last client goes turns away whoever comes meanwhile.
     processes = [subprocess.Popen(
         ["Xvfb", "-displayfd", str(write), "-noreset", "-screen", "0", "1200x900x24", "+extension",
-         "GLX", "+iglx", "-fbdir", folder.name], pass_fds=[write], env={**os.environ, **variables},
+         "GLX", "-fbdir", folder.name], pass_fds=[write], env={**os.environ, **variables},
         stderr=subprocess.DEVNULL)]
     os.close(write)
     try:
