@@ -19,7 +19,9 @@ using orvex::bench::TreeShape;
 void finish(benchmark::State& state, std::size_t bytes)
 {
   state.SetComplexityN(state.range(0));
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
+  // Signed or not, as the library's version has it.
+  const auto iterations = static_cast<std::int64_t>(state.iterations());
+  state.SetBytesProcessed(iterations * static_cast<std::int64_t>(bytes));
 }
 
 void parseText(benchmark::State& state, TreeShape shape)

@@ -2,13 +2,13 @@
 
 #include "convert/Conversion.h"
 #include "terminal/Options.h"
+#include "terminal/Program.h"
 
 #include <getopt.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -152,7 +152,7 @@ int run(int argc, char** argv)
       options.request.tree = optarg;
       break;
     default:
-      throw std::invalid_argument(orvex::tools::refusedOption(argv, found) +
+      throw std::invalid_argument(orvex::terminal::refusedOption(argv, found) +
                                   " See orvex-convert --help.");
     }
   }
@@ -171,13 +171,5 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
   std::ios_base::sync_with_stdio(false);
-  try
-  {
-    return run(argc, argv);
-  }
-  catch (const std::exception& e)
-  {
-    std::cerr << "orvex-convert: " << e.what() << '\n';
-    return EXIT_FAILURE;
-  }
+  return orvex::terminal::runProgram("orvex-convert", run, argc, argv);
 }

@@ -2,16 +2,17 @@
 
 #include "generate/TreeGenerator.h"
 #include "terminal/Options.h"
+#include "terminal/Program.h"
 #include "terminal/TerminalProgress.h"
 
 #include <getopt.h>
 #include <unistd.h>
 
 #include <cctype>
-#include <charconv>
+#include <cstdint>
 #include <cstdlib>
-#include <exception>
 #include <iostream>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -42,14 +43,13 @@ Arguments:
 
 unsigned int toNumber(const std::string& text)
 {
-  unsigned int number = 0;
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end)
+  const auto number =
+      orvex::terminal::wholeNumber(text, 0, std::numeric_limits<std::uint32_t>::max());
+  if (!number)
   {
     throw std::invalid_argument("'" + text + "' is no whole number, or too large");
   }
-  return number;
+  return *number;
 }
 
 struct Request
@@ -104,7 +104,7 @@ int run(int argc, char** argv)
         throw std::invalid_argument("There are no negative numbers here. "
                                     "See orvex-generate --help.");
       }
-      throw std::invalid_argument(orvex::tools::refusedOption(argv, found) +
+      throw std::invalid_argument(orvex::terminal::refusedOption(argv, found) +
                                   " See orvex-generate --help.");
     }
   }
@@ -123,13 +123,5 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-  try
-  {
-    return run(argc, argv);
-  }
-  catch (const std::exception& e)
-  {
-    std::cerr << "orvex-generate: " << e.what() << '\n';
-    return EXIT_FAILURE;
-  }
+  return orvex::terminal::runProgram("orvex-generate", run, argc, argv);
 }

@@ -3,6 +3,7 @@
 #include "service/TreeFolder.h"
 #include "service/TreeJson.h"
 #include "terminal/Options.h"
+#include "terminal/Program.h"
 #include "tree/model/Tree.h"
 
 #include <boost/algorithm/string/predicate.hpp>
@@ -13,7 +14,6 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <charconv>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -51,14 +51,12 @@ struct Options
 
 int parsePort(const std::string& text)
 {
-  int port = 0;
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, port);
-  if (error != std::errc() || stop != end || port < 1 || port > 65535)
+  const auto port = orvex::terminal::wholeNumber(text, 1, 65535);
+  if (!port)
   {
     throw std::runtime_error("the port must be a number from 1 to 65535, not \"" + text + "\"");
   }
-  return port;
+  return static_cast<int>(*port);
 }
 
 void answer(httplib::Response& response, int status, const std::string& json)
@@ -246,7 +244,7 @@ int run(int argc, char** argv)
       options.port = parsePort(optarg);
       break;
     default:
-      throw std::invalid_argument(orvex::tools::refusedOption(argv, found) +
+      throw std::invalid_argument(orvex::terminal::refusedOption(argv, found) +
                                   " See orvex-tree-service --help.");
     }
   }
@@ -263,13 +261,5 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-  try
-  {
-    return run(argc, argv);
-  }
-  catch (const std::exception& e)
-  {
-    std::cerr << "orvex-tree-service: " << e.what() << std::endl;
-    return EXIT_FAILURE;
-  }
+  return orvex::terminal::runProgram("orvex-tree-service", run, argc, argv);
 }

@@ -105,7 +105,7 @@ std::string hintForDash(const QStringList& arguments)
   std::string hint;
   for (const QString& argument : arguments)
   {
-    hint += hint.empty() ? orvex::tools::hintForFile(Tools::Qt::fileName(argument)) : "";
+    hint += hint.empty() ? orvex::terminal::hintForFile(Tools::Qt::fileName(argument)) : "";
   }
   return hint;
 }

@@ -2,7 +2,10 @@
 
 #include <getopt.h>
 
-namespace orvex::tools
+#include <charconv>
+#include <system_error>
+
+namespace orvex::terminal
 {
 
 std::string refusedOption(char** argv, int found)
@@ -25,4 +28,14 @@ std::string hintForFile(const std::string& argument)
   return isFile ? " For the file of that name write './" + argument + "'." : "";
 }
 
-} // namespace orvex::tools
+std::optional<std::uint32_t> wholeNumber(const std::string& text, std::uint32_t least,
+                                         std::uint32_t most)
+{
+  std::uint32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  const bool isNumber = error == std::errc() && stop == end;
+  return isNumber && number >= least && number <= most ? std::optional(number) : std::nullopt;
+}
+
+} // namespace orvex::terminal

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
-namespace orvex::tools
+namespace orvex::terminal
 {
 
 /// Why getopt_long has just refused an option, for one line that ends a program. It must have been
@@ -14,4 +16,9 @@ std::string refusedOption(char** argv, int found);
 /// after a blank, empty if it looks like no such name.
 std::string hintForFile(const std::string& argument);
 
-} // namespace orvex::tools
+/// The whole number that a text is, in decimal digits.
+/// \return nothing if it is none, or one beyond the limits, which belong to them
+std::optional<std::uint32_t> wholeNumber(const std::string& text, std::uint32_t least,
+                                         std::uint32_t most);
+
+} // namespace orvex::terminal
