@@ -177,7 +177,7 @@ void MainWindow::_show(const QString& name, const std::function<void(orvex::Docu
     const boost::intrusive_ptr<orvex::Document> document(new orvex::Document);
     load(*document);
     _createGui(document);
-    _viewer->show();
+    progress.reveal(*_viewer);
   }
   catch (...)
   {

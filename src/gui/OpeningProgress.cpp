@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QProgressBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <initializer_list>
@@ -23,6 +24,8 @@ constexpr int wholeBar = 1000;
 // In pixels that do not depend on the display's scale.
 constexpr int mostWidth = 400;
 constexpr int margin = 20;
+// By then a first frame is surely on the screen.
+constexpr int firstFrameMilliseconds = 1000;
 
 QString shortened(const QString& text, const QWidget& widget, int width)
 {
@@ -34,7 +37,7 @@ QString shortened(const QString& text, const QWidget& widget, int width)
 
 OpeningProgress::OpeningProgress(QMainWindow& window, const QString& name)
     : _window(window),
-      _area(&window),
+      _area(new QWidget(&window)),
       _name(new QLabel),
       _stage(new QLabel),
       _bar(new QProgressBar),
@@ -42,15 +45,15 @@ OpeningProgress::OpeningProgress(QMainWindow& window, const QString& name)
       _listening(*this)
 {
   const QRect area = Tools::Qt::centralArea(window);
-  _area.setGeometry(area);
-  _area.setAutoFillBackground(true);
+  _area->setGeometry(area);
+  _area->setAutoFillBackground(true);
   const int width = qMax(1, qMin(Detail::mostWidth, area.width() - 2 * Detail::margin));
   _bar->setRange(0, Detail::wholeBar);
   _stage->setAlignment(::Qt::AlignHCenter);
   _name->setAlignment(::Qt::AlignHCenter);
   _name->setTextFormat(::Qt::PlainText);
   _name->setText(Detail::shortened(name, *_name, width));
-  auto* const column = new QVBoxLayout(&_area);
+  auto* const column = new QVBoxLayout(_area);
   column->addStretch();
   for (QWidget* widget : std::initializer_list<QWidget*>{_name, _bar, _stage})
   {
@@ -63,6 +66,10 @@ OpeningProgress::OpeningProgress(QMainWindow& window, const QString& name)
 OpeningProgress::~OpeningProgress()
 {
   Kelmar::Functions::noThrow(&Tools::Qt::DiscardedInput::discard, "5127730964");
+  if (!_isHandedOver)
+  {
+    delete _area;
+  }
   if (_covered && _covered == _window.centralWidget())
   {
     _covered->show();
@@ -72,10 +79,10 @@ OpeningProgress::~OpeningProgress()
 void OpeningProgress::show(const Kelmar::Progress::Stage& stage, double share)
 {
   const QString text = QString("%1 (Esc stops it)").arg(stage.text);
-  _area.setGeometry(Tools::Qt::centralArea(_window)); // the window may have another size by now
+  _area->setGeometry(Tools::Qt::centralArea(_window)); // the window may have another size by now
   const bool changed = _stage->text() != text;
   _stage->setText(text);
-  if (!_area.isVisible())
+  if (!_area->isVisible())
   {
     _appear();
   }
@@ -92,6 +99,20 @@ void OpeningProgress::show(const Kelmar::Progress::Stage& stage, double share)
   }
 }
 
+void OpeningProgress::reveal(QWidget& viewer)
+{
+  if (!_area->isVisible()) // then a bar would come too late
+  {
+    qDeleteAll(_area->findChildren<QWidget*>());
+    _area->show();
+  }
+  viewer.show();
+  _area->raise();
+  _isHandedOver = true;
+  QObject::connect(&viewer, &QObject::destroyed, _area, &QWidget::hide);
+  QTimer::singleShot(Detail::firstFrameMilliseconds, _area, SLOT(deleteLater()));
+}
+
 void OpeningProgress::_appear()
 {
   QWidget* const shown = _window.centralWidget();
@@ -101,9 +122,9 @@ void OpeningProgress::_appear()
     _covered = shown;
     shown->hide();
   }
-  _area.setVisible(true);
-  _area.raise();
-  _area.repaint();
+  _area->setVisible(true);
+  _area->raise();
+  _area->repaint();
 }
 
 } // namespace Lumbra

@@ -25,6 +25,12 @@ public:
   OpeningProgress(QMainWindow& window, const QString& name);
   ~OpeningProgress() override;
 
+  /// Shows the viewer that was made. Where it has a native window, its first frame comes later than
+  /// the window's own; a compositor would show through, as Qt leaves the place empty. So what the
+  /// user saw until then stays there for a moment: over the viewer among the window's widgets, but
+  /// under its native window.
+  void reveal(QWidget& viewer);
+
   /// What the user has asked for so far.
   Tools::Qt::StopRequest::Wish wish() const { return _request.wish(); }
   /// To be called when the opening has failed, for what the user asks for at the same time.
@@ -40,7 +46,9 @@ private:
   QMainWindow& _window;
   // What was hidden when this appeared; null if nothing was, or if it is gone.
   QPointer<QWidget> _covered;
-  QWidget _area;
+  // A child of the window.
+  QWidget* _area;
+  bool _isHandedOver = false;
   QLabel* _name;
   QLabel* _stage;
   QProgressBar* _bar;

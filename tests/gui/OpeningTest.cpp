@@ -104,6 +104,19 @@ TEST_F(OpeningTest, InputThatCameMeanwhileIsDroppedButNoOther)
   EXPECT_EQ(window.keys, 1);
 }
 
+TEST_F(OpeningTest, WhatWasSeenStaysBelowTheViewerForAMoment)
+{
+  Window window;
+  window.show();
+  window._documentOpen(file("tree.nwk", "(a,b);"));
+  const QPoint inside = window.viewer()->geometry().center();
+  const QPointer<QWidget> below = window.childAt(inside);
+  EXPECT_NE(below, window.viewer());
+  EXPECT_TRUE(below && below->findChildren<QWidget*>().empty()) << "a bar that was not seen";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !below; }, 60'000));
+  EXPECT_EQ(window.childAt(inside), window.viewer());
+}
+
 TEST_F(OpeningTest, ACloseIsNotLostBehindTheBoxOfABadFile)
 {
   Window window;
