@@ -1,14 +1,13 @@
 """Scenarios of opening a tree that takes long."""
 
-import contextlib
 import itertools
 import signal
 import subprocess
 import threading
 import time
 
-from desktop import NAME, PATIENCE, confirm, lit, wait_for, window, windows, xdotool
-from programs import LIST, PROGRAMS, SETTINGS, good, scenario, service, viewer
+from desktop import PATIENCE, confirm, lit, wait_for, windows, xdotool
+from programs import FAILED, LIST, PROGRAMS, SETTINGS, good, scenario, service, viewer
 
 
 def filled(picture):
@@ -69,6 +68,27 @@ def slow_open(folder):
         main.process.send_signal(signal.SIGCONT)
         open_dialog_comes()
         assert lit(main.screenshot()) == 0
+
+
+@scenario
+def slow_service(folder):
+    """Meanwhile nothing of the menu and the dialog stays on the window."""
+    asked, answered = threading.Semaphore(0), threading.Semaphore(0)
+
+    def answer(request):
+        asked.release()
+        answered.acquire(timeout=PATIENCE)
+        return [good(LIST if b"/trees " in request else b"{}")]
+
+    with service() as (server, proxy), viewer(folder, **proxy) as main:
+        server.pieces = answer
+        shown = main.show()
+        main.menu("Open from tesmar")
+        for title in "Dialog", FAILED:
+            assert asked.acquire(timeout=PATIENCE)
+            main.stays(shown)
+            answered.release()
+            confirm(title, keys=["Down", "Down", "Return"])
 
 
 @scenario

@@ -5,13 +5,10 @@ import re
 import resource
 import signal
 import subprocess
-import threading
-import time
 
-from desktop import (NAME, PATIENCE, confirm, lit, pixels, screen, wait_for, weston, window, windows,
-                     xdotool)
-from programs import (FAILED, LIST, LOG, PROGRAMS, SETTINGS, TREE, VIEWER, environment, good, run,
-                      scenario, service, serving, viewer)
+from desktop import confirm, lit, pixels, screen, wait_for, weston, window, xdotool
+from programs import (FAILED, LIST, LOG, SETTINGS, TREE, VIEWER, environment, good, run, scenario,
+                      service, serving, viewer)
 
 
 @scenario
@@ -248,27 +245,6 @@ def bad_service(folder):
     reasons = re.findall("Error 8033290760: .*(Empty|9 bytes|HTTP/0.9|\"file\"|a tree),? ?.*",
                          (folder / LOG).read_text())
     assert reasons == ["Empty", "9 bytes", "HTTP/0.9", '"file"', "a tree"], (folder / LOG).read_text()
-
-
-@scenario
-def slow_service(folder):
-    """Meanwhile nothing of the menu and the dialog stays on the window."""
-    asked, answered = threading.Semaphore(0), threading.Semaphore(0)
-
-    def answer(request):
-        asked.release()
-        answered.acquire(timeout=PATIENCE)
-        return [good(LIST if b"/trees " in request else b"{}")]
-
-    with service() as (server, proxy), viewer(folder, **proxy) as main:
-        server.pieces = answer
-        shown = main.show()
-        main.menu("Open from tesmar")
-        for title in "Dialog", FAILED:
-            assert asked.acquire(timeout=PATIENCE)
-            main.stays(shown)
-            answered.release()
-            confirm(title, keys=["Down", "Down", "Return"])
 
 
 def ladder(levels):
