@@ -11,6 +11,12 @@ namespace Detail
 namespace
 {
 
+#if MI_MALLOC_VERSION >= 210
+constexpr mi_option_t delayOfGivingBack = mi_option_purge_delay;
+#else
+constexpr mi_option_t delayOfGivingBack = mi_option_decommit_delay;
+#endif
+
 bool arePreferred = false;
 
 // Holds for the whole process. Memory that is in use already keeps its pages.
@@ -28,6 +34,11 @@ void LargePages::prefer()
   using SetDefault = void (*)(mi_option_t, long);
   const auto setDefault =
       reinterpret_cast<SetDefault>(dlsym(RTLD_DEFAULT, "mi_option_set_default"));
+  if (setDefault)
+  {
+    // What waits for this delay would not be given back by mi_collect either.
+    setDefault(Detail::delayOfGivingBack, 0);
+  }
   // Who started the process without large pages meant it.
   const bool areForbidden = prctl(PR_GET_THP_DISABLE, 0, 0, 0, 0) == 1;
   if (setDefault && !areForbidden)

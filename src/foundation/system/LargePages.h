@@ -12,8 +12,9 @@ class LargePages : private boost::noncopyable
 {
 public:
   /// To be called once, when the program starts; until then objects have no effect. Lets the
-  /// allocator ask for large pages. MIMALLOC_LARGE_OS_PAGES=0 in the environment prevents it.
-  /// Without mimalloc in the process, or if that was started without large pages, nothing happens.
+  /// allocator ask for large pages, and give back each page of them when it is free.
+  /// MIMALLOC_LARGE_OS_PAGES=0 in the environment prevents it. Without mimalloc in the process, or
+  /// if that was started without large pages, nothing happens.
   static void prefer();
 
   LargePages();
