@@ -92,6 +92,11 @@ void Curl::_fail(const std::string& reason) const
   throw std::runtime_error("Error 3886626924: " + reason + ", URL = " + _url);
 }
 
+void Curl::_failTooLong() const
+{
+  _fail("The answer is longer than " + std::to_string(_bodyLimit) + " bytes");
+}
+
 unsigned long Curl::_writeData(void* buffer, unsigned long size, unsigned long count)
 {
   if (!_output)
@@ -99,9 +104,13 @@ unsigned long Curl::_writeData(void* buffer, unsigned long size, unsigned long c
     return 0;
   }
   const unsigned long total = size * count;
+  if (_received == 0)
+  {
+    _begin();
+  }
   if (total > _bodyLimit - _received)
   {
-    _fail("The answer is longer than " + std::to_string(_bodyLimit) + " bytes");
+    _failTooLong();
   }
   _received += total;
 
@@ -113,23 +122,31 @@ unsigned long Curl::_writeData(void* buffer, unsigned long size, unsigned long c
     _output->write(bytes + written, static_cast<std::streamsize>(piece));
     written += piece;
   }
-  _report(total);
+  if (_work)
+  {
+    _work->doneSlowly(total);
+  }
   return total;
 }
 
-void Curl::_report(std::uint64_t bytes)
+// The length is known when the first byte comes.
+void Curl::_begin()
 {
-  if (!_stage)
+  curl_off_t told = -1;
+  curl_easy_getinfo(_curl, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &told);
+  const std::size_t length = told > 0 ? static_cast<std::size_t>(told) : 0;
+  if (length > _bodyLimit)
   {
-    return;
+    _failTooLong();
   }
-  if (!_work)
+  if (_lengthTold && length > 0)
   {
-    curl_off_t length = -1;
-    curl_easy_getinfo(_curl, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
-    _work.emplace(*_stage, length > 0 ? static_cast<std::size_t>(length) : _bodyLimit);
+    _lengthTold(length);
   }
-  _work->doneSlowly(bytes);
+  if (_stage)
+  {
+    _work.emplace(*_stage, length > 0 ? length : _bodyLimit);
+  }
 }
 
 unsigned long Curl::_writeDataCB(void* buffer, unsigned long size, unsigned long count, void* user)

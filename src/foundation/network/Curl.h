@@ -6,11 +6,14 @@
 
 #include <curl/curl.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Kelmar::Network
@@ -37,15 +40,21 @@ public:
   /// \param stage  must outlive the transfer; null to report nothing
   void reportAs(const Progress::Stage* stage) { _stage = stage; }
 
+  /// \param heard  called before the first byte of a body whose length the server tells; may be
+  ///               empty
+  void tellLength(std::function<void(std::size_t)> heard) { _lengthTold = std::move(heard); }
+
   /// Blocks until the transfer has ended.
-  /// \throws std::runtime_error  if it failed, and whatever the stream threw
+  /// \throws std::runtime_error  if it failed, and whatever the stream or who hears the length
+  /// threw
   void download();
 
 private:
   void _configure(unsigned int timeoutMilliseconds);
   void _check(CURLcode code) const;
-  void _report(std::uint64_t bytes);
+  void _begin();
   [[noreturn]] void _fail(const std::string& reason) const;
+  [[noreturn]] void _failTooLong() const;
   unsigned long _writeData(void* buffer, unsigned long size, unsigned long count);
   int _progress(double downloadTotal, double downloaded, double uploadTotal, double uploaded);
 
@@ -60,6 +69,7 @@ private:
   CURL* _curl = nullptr;
   std::uint64_t _bodyLimit;
   std::uint64_t _received = 0;
+  std::function<void(std::size_t)> _lengthTold;
   const Progress::Stage* _stage = nullptr;
   std::optional<Progress::Work> _work; // from the first byte on
   // What a callback threw. libcurl calls it from C code, which no exception may pass.

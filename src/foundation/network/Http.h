@@ -2,6 +2,8 @@
 
 #include "foundation/progress/Stage.h"
 
+#include <cstddef>
+#include <functional>
 #include <iosfwd>
 #include <string>
 
@@ -19,9 +21,12 @@ public:
   /// \param timeoutMilliseconds  for the whole transfer; 0 for none
   /// \param stage                that the download is, for who hears of this thread's work; null to
   ///                             report nothing. Must outlive the call
-  /// \throws std::runtime_error  if the transfer fails
+  /// \param lengthTold           called before the first byte of a body whose length the server
+  ///                             tells; may be empty
+  /// \throws std::runtime_error  if the transfer fails, and whatever lengthTold or the stream threw
   void download(std::ostream* output, unsigned int timeoutMilliseconds,
-                const Progress::Stage* stage = nullptr);
+                const Progress::Stage* stage = nullptr,
+                const std::function<void(std::size_t)>& lengthTold = {});
 
 private:
   std::string _url;

@@ -5,7 +5,9 @@
 #include "tree/model/OpeningStages.h"
 #include "tree/model/Tree.h"
 #include "tree/model/TreeDepth.h"
+#include "tree/model/TreeMemory.h"
 #include "tree/service/BadJsonValue.h"
+#include "tree/service/JsonSize.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -30,6 +32,20 @@ const Value* find(const Value& value, const std::string& key)
   }
   const auto found = object->find(key);
   return found == object->end() ? nullptr : &found->second;
+}
+
+// Only for a large answer, since to ask takes longer than to read a small one. The text goes when
+// it is parsed, the values when the tree is made.
+void requireMemoryFor(const std::string& body)
+{
+  constexpr std::size_t leastToAsk = std::size_t(1) << 20;
+  if (body.size() >= leastToAsk)
+  {
+    const JsonSize size = sizeOfJson(body);
+    requireMemory(
+        "To show the tree's " + std::to_string(size.tree.nodes) + " nodes",
+        std::max(size.valueBytes, memoryToReadAndShow(size.tree, size.valueBytes, body.size())));
+  }
 }
 
 // Reports, as it takes longer than to make the tree of it.
@@ -125,6 +141,7 @@ namespace orvex
 boost::shared_ptr<Tree> readTree(std::string body, const std::string& url)
 {
   boost::shared_ptr<Tree> tree(new Tree);
+  Detail::requireMemoryFor(body);
   Detail::Value document;
   if (!Detail::read(body, document))
   {

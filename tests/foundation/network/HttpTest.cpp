@@ -27,6 +27,9 @@ TEST(Http, DeliversAWholeBodyUpToItsLimit)
   EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size()).download(); }), "");
   EXPECT_EQ(errorOf([&] { Curl(url, &stream, 0, large.size() - 1).download(); }),
             "Error 3886626924: The answer is longer than 49999999 bytes, URL = " + url);
+  const auto refuse = [](std::size_t length) { throw std::range_error(std::to_string(length)); };
+  EXPECT_EQ(errorOf([&] { Http(url).download(&(stream = {}), 0, nullptr, refuse); }), "50000000");
+  EXPECT_EQ(stream.str(), "") << "who hears the length can refuse the body";
 }
 
 TEST(Http, NamesTheReasonAndTheUrlOfAFailure)

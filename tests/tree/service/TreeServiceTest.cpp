@@ -1,3 +1,5 @@
+#include "foundation/system/NumberFile.h"
+#include "tree/service/JsonSize.h"
 #include "tree/service/JsonTree.h"
 #include "tree/service/JsonTreeList.h"
 
@@ -7,6 +9,8 @@
 #include "tree/json/json_spirit.h"
 #include "tree/model/Tree.h"
 #include "tree/service/TreeData.h"
+
+#include <sys/resource.h>
 
 using Case = TextCase;
 
@@ -96,4 +100,28 @@ TEST(TreeService, RefusesAnAnswerOfTooManyValues)
   EXPECT_TRUE(json_spirit::read(R"([[],{"a":1}])", value, 4));
   EXPECT_THAT(errorOf([&] { json_spirit::read(R"([[],{"a":1}])", value, 3); }),
               testing::HasSubstr("more than 3 JSON values"));
+}
+
+TEST(TreeService, TellsTheTreesSizeFromTheTextAndRefusesWhatDoesNotFit)
+{
+  const std::string name = R"(a \"name\": [] {} \\)" + std::string(80, 'n');
+  const std::string text = R"({"root": {"name":"","children":[{"name":")" + name +
+                           R"(","children":[ ]},{"children":[]}]}})";
+  const orvex::TreeSize size = orvex::sizeOfJson(text).tree;
+  EXPECT_EQ(size.nodes, 3u);
+  EXPECT_EQ(size.leaves, 2u);
+  EXPECT_NEAR(double(size.nameBytes), double(name.size()), 20);
+
+  rlimit before{};
+  getrlimit(RLIMIT_AS, &before);
+  const rlimit little{*Kelmar::System::numberAfter("/proc/self/status", "VmSize:") * 1024 +
+                          (64u << 20),
+                      before.rlim_max};
+  const std::string large(2 << 20, '{');
+  setrlimit(RLIMIT_AS, &little);
+  const std::string error = errorOf([&] { orvex::readTree(large, "here"); });
+  setrlimit(RLIMIT_AS, &before);
+  EXPECT_THAT(error,
+              testing::MatchesRegex("To show the tree's 2097151 nodes takes .* GiB of memory. "
+                                    ".* GiB that this process may use .ulimit -v.."));
 }
