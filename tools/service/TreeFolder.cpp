@@ -91,7 +91,7 @@ boost::shared_ptr<Tree> TreeFolder::_read(const boost::filesystem::path& file) c
   {
     throw std::runtime_error("it is no regular file");
   }
-  NewickReader reader;
+  NewickReader reader(false);
   boost::shared_ptr<Tree> tree = reader(real.string());
   if (!tree)
   {

@@ -17,6 +17,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <mutex>
 #include <stdexcept>
@@ -257,9 +258,18 @@ int run(int argc, char** argv)
   return EXIT_SUCCESS;
 }
 
+// Where the library can't start its threads, no exception comes out of it.
+[[noreturn]] void endInWords()
+{
+  std::cerr << "orvex-tree-service: there is not enough memory for the threads that answer\n"
+            << std::flush;
+  _exit(EXIT_FAILURE);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+  std::set_terminate(endInWords);
   return orvex::terminal::runProgram("orvex-tree-service", run, argc, argv);
 }

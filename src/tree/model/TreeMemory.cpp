@@ -48,10 +48,18 @@ std::size_t bytesOfLetters(const TreeSize& size)
   return std::min(labels * each * bytesPerLetter, mostOfLetters);
 }
 
-std::string inGibibytes(std::size_t bytes)
+std::string inWords(std::size_t bytes)
 {
+  const double size = static_cast<double>(bytes) / (1 << 20);
   char text[32];
-  std::snprintf(text, sizeof text, "%.1f GiB", static_cast<double>(bytes) / (1 << 30));
+  if (size < 1024)
+  {
+    std::snprintf(text, sizeof text, "%.0f MiB", size);
+  }
+  else
+  {
+    std::snprintf(text, sizeof text, "%.1f GiB", size / 1024);
+  }
   return text;
 }
 
@@ -68,11 +76,14 @@ std::size_t memoryToShow(const TreeSize& size)
          size.labelBytes + size.levels * Detail::bytesPerLevel;
 }
 
+std::size_t memoryOfTree(const TreeSize& size)
+{
+  return size.nodes * Tree::bytesPerNode + size.leaves * sizeof(std::string) + size.nameBytes;
+}
+
 std::size_t memoryToReadAndShow(const TreeSize& size, std::size_t source, std::size_t inUse)
 {
-  const std::size_t tree =
-      size.nodes * Tree::bytesPerNode + size.leaves * sizeof(std::string) + size.nameBytes;
-  const std::size_t most = tree + std::max(memoryToShow(size), source);
+  const std::size_t most = memoryOfTree(size) + std::max(memoryToShow(size), source);
   return most - std::min(most, inUse);
 }
 
@@ -81,9 +92,9 @@ void requireMemory(const std::string& work, std::size_t needed,
 {
   if (needed > room.free())
   {
-    throw std::runtime_error(work + " takes " + Detail::inGibibytes(needed) + " of memory. " +
-                             Detail::inGibibytes(room.free()) + " are free of the " +
-                             Detail::inGibibytes(room.limit()) + " " + room.whose() + ".");
+    throw std::runtime_error(work + " takes " + Detail::inWords(needed) + " of memory. " +
+                             Detail::inWords(room.free()) + " are free of the " +
+                             Detail::inWords(room.limit()) + " " + room.whose() + ".");
   }
 }
 

@@ -15,6 +15,9 @@ struct TreeSize;
 /// `./dev memory` holds it against the truth.
 std::size_t memoryToShow(const TreeSize& size);
 
+/// Bytes of memory of a tree that is read but not shown.
+std::size_t memoryOfTree(const TreeSize& size);
+
 /// Bytes of memory that are needed to make a tree and show it.
 /// \param source  bytes of what the tree is made of, which goes when it is made
 /// \param inUse   bytes that are in use already, and no more when the tree is made

@@ -60,13 +60,14 @@ std::string reasonInFormat(const std::string& contents)
 
 // Before the tree is made. Only for a large one, since to ask takes longer than to read a small
 // one. The text is in memory, and gives its place before the tree is shown.
-void requireMemoryFor(const TreeSize& size, std::size_t textSize)
+void requireMemoryFor(const TreeSize& size, std::size_t textSize, bool isShown)
 {
   constexpr std::size_t leastToAsk = 100'000;
   if (size.nodes >= leastToAsk)
   {
-    requireMemory("To show the tree's " + std::to_string(size.nodes) + " nodes",
-                  memoryToReadAndShow(size, textSize, textSize));
+    requireMemory((isShown ? "To show the tree's " : "To read the tree's ") +
+                      std::to_string(size.nodes) + " nodes",
+                  isShown ? memoryToReadAndShow(size, textSize, textSize) : memoryOfTree(size));
   }
 }
 
@@ -119,7 +120,7 @@ boost::shared_ptr<Tree> NewickReader::_parse(const std::string& contents, const 
   }
   _tree.reset();
   const TreeSize size = sizeOfNewick(contents);
-  Detail::requireMemoryFor(size, contents.size());
+  Detail::requireMemoryFor(size, contents.size(), _isShown);
   _expectedNodes = size.nodes;
   std::size_t position = 0;
   try

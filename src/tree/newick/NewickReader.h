@@ -29,6 +29,10 @@ struct TextPlace;
 class NewickReader
 {
 public:
+  /// \param isShown  whether the tree is to be shown, and the memory for that too is asked for
+  ///                 before it is made
+  explicit NewickReader(bool isShown = true) : _isShown(isShown) {}
+
   /// \return the tree, or null if the file has no "("
   /// \throws boost::filesystem::filesystem_error  if there is no such file
   /// \throws std::runtime_error  if it can't be opened or read, or a "," or ")" is outside
@@ -59,6 +63,7 @@ private:
   // Text before a nested "(", which becomes the front of the next token.
   std::string _carried;
   std::size_t _expectedNodes = 0;
+  bool _isShown;
   int _depth = 0;
   // The last structural character was a ")": the next token names the node just closed.
   bool _childClosed = false;
