@@ -58,6 +58,28 @@ def documents_of_a_view(folder):
 
 
 @scenario
+def whole_trees(folder):
+    """Every leaf has its name, on one sheet, in a picture, or on pages."""
+    source = ROOT / "examples/random-3000.nwk"
+    names = re.findall("[A-Z][a-z_]+[0-9]+", source.read_text())
+    svg = document(folder, source, "x.svg", "--whole")
+    assert [label.text for label in texts_of_svg(svg)] == names
+    long = document(folder, source, "x.pdf", "--whole", note="orvex-snapshot: the page is 24007 .+\n")
+    assert b"/UserUnit 1.66" in long.read_bytes()
+    assert len(names) == 3000 and words_of_pdf(long) == names
+    pages = document(folder, source, "x.pdf", "--whole", "--pages", "A4", "--landscape")
+    said = subprocess.run(["pdfinfo", pages], check=True, text=True, capture_output=True).stdout
+    assert re.search("Pages: +47\n(.*\n)+Page size: +842 x 595 pts", said), said
+    assert [word for word in words_of_pdf(pages) if word in names] == names
+    for height, rows in (("5", 15005), ("1", 3001)):
+        picture = document(folder, source, "x.png", "--whole", "--leaf-height", height, "--paper")
+        assert pixels(picture)[1] == rows
+    refused = run(folder, "orvex-snapshot", source, "y.png", "--whole", "--leaf-height", "11")
+    assert refused.returncode == 1 and "32767 is the most" in refused.stderr, refused
+    assert not (folder / "y.png").exists()
+
+
+@scenario
 def descriptions_of_documents(folder):
     """They tell where they come from, and what their font lacks."""
     (folder / "cats & <dogs>.nwk").write_text("(A\x01b,C d,\u732b);")

@@ -22,7 +22,7 @@ public:
 
 private:
   // With more rows, which are pages of a large tree, hardly two lines share one.
-  static constexpr double mostRows = 2e7;
+  static constexpr double mostRows = 4e6;
 
   double _lineWidth;
   double _height;

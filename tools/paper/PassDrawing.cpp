@@ -87,6 +87,13 @@ void PassDrawing::draw(const render::gl::RenderGraph& graph, Kelmar::Progress::W
   }
 }
 
+bool PassDrawing::_isShown(const render::gl::Text& label) const
+{
+  const Point anchor = _inArea(label.position());
+  return !_onlyNamesInside || (anchor.y >= 0.0 && anchor.y < _area.maximum.y - _area.minimum.y &&
+                               anchor.x < _area.maximum.x - _area.minimum.x);
+}
+
 void PassDrawing::_drawText(const render::gl::RenderGraph& graph, Kelmar::Progress::Work& work)
 {
   for (const auto& drawable : graph.text())
@@ -95,7 +102,7 @@ void PassDrawing::_drawText(const render::gl::RenderGraph& graph, Kelmar::Progre
     const Box2D box = label.boundingBox();
     Point start = _toPixels(label.position());
     start.y -= (box.maximum.y + box.minimum.y) * 0.5; // centred in height, as Text draws it
-    if (box.valid())
+    if (box.valid() && _isShown(label))
     {
       _canvas.text(_placement.toSheet(start), label.text(), Detail::emOfLabels * _placement.scale);
     }

@@ -11,6 +11,11 @@
 
 class LineStrip;
 
+namespace orvex::render::gl
+{
+class Text;
+}
+
 namespace Kelmar::Progress
 {
 class Work;
@@ -29,6 +34,10 @@ public:
   PassDrawing(Canvas& canvas, const render::DrawingPass& pass, const Placement& placement,
               double lineWidth);
 
+  /// Whether a name is left out whose leaf is not in the area, though a part of it is; at first
+  /// not.
+  void onlyNamesInside(bool value) { _onlyNamesInside = value; }
+
   /// How many units of work it is to draw a graph.
   static std::size_t units(const render::gl::RenderGraph& graph);
   void draw(const render::gl::RenderGraph& graph, Kelmar::Progress::Work& work);
@@ -37,6 +46,7 @@ private:
   Point _toPixels(const Point& world) const;
   Point _inArea(const Point& world) const;
   Point _toSheet(const Point& inArea) const;
+  bool _isShown(const render::gl::Text& label) const;
   void _drawText(const render::gl::RenderGraph& graph, Kelmar::Progress::Work& work);
   void _drawEdges(const LineStrip& strip);
   void _drawPart(const Point& from, const Point& to);
@@ -47,6 +57,7 @@ private:
   Kelmar::Math::Matrix44d _localToScreen;
   Box2D _area; // on the sheet
   LineFilter _filter;
+  bool _onlyNamesInside = false;
   std::vector<Point> _line;
 };
 

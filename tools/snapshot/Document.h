@@ -32,6 +32,8 @@ public:
 
 private:
   std::unique_ptr<paper::Canvas> _makeCanvas();
+  void _drawView(paper::Canvas& canvas);
+  void _drawWhole(paper::Canvas& canvas);
   void _noteMissingCharacters();
 
   const Request& _request;

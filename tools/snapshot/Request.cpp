@@ -87,12 +87,34 @@ void requireTogether(const QCommandLineParser& parser, const QStringList& option
   }
 }
 
-bool hasPaperColours(const QCommandLineParser& parser, const Request& request)
+void requireSense(const QCommandLineParser& parser, Request::Kind kind)
 {
-  const bool isDocument = request.kind != Request::Kind::Pixels;
-  requireTogether(parser, {"line-width", "paper", "screen"}, isDocument, "is for .pdf and .svg");
+  const bool whole = parser.isSet("whole");
+  const bool isDocument = kind != Request::Kind::Pixels || whole;
+  requireTogether(parser, {"line-width", "paper", "screen"}, isDocument,
+                  "is for .pdf, .svg and --whole");
   requireTogether(parser, {"paper"}, !parser.isSet("screen"), "and --screen exclude each other");
-  return isDocument && !parser.isSet("screen");
+  requireTogether(parser, {"leaf-height", "pages", "width"}, whole, "is for --whole");
+  requireTogether(parser, {"all", "pan", "size", "zoom"}, !whole, "is not for --whole");
+  requireTogether(parser, {"landscape"}, parser.isSet("pages"), "is for --pages");
+  requireTogether(parser, {"pages"}, kind == Request::Kind::Pdf, "is for .pdf");
+}
+
+/// What options ask for that need not be given.
+std::optional<double> length(const QCommandLineParser& parser, const QString& option, double least,
+                             double most)
+{
+  return parser.isSet(option) ? std::optional(toLength(parser, option, least, most)) : std::nullopt;
+}
+
+std::optional<paper::PageFormat> page(const QCommandLineParser& parser)
+{
+  if (!parser.isSet("pages"))
+  {
+    return std::nullopt;
+  }
+  const auto format = paper::PageFormat::parse(text(parser.value("pages")));
+  return parser.isSet("landscape") ? format.landscape() : format;
 }
 
 } // namespace
@@ -122,10 +144,26 @@ void describe(QCommandLineParser& parser)
         "empty; 0 if not given.",
         "Y", "0"},
        {"all", "Shows every line, never an outline of a clade; off if not given."},
-       {"paper", "Draws .pdf and .svg black on white; so it is if not given."},
-       {"screen", "Draws .pdf and .svg in the viewer's colours, white on black."},
+       {"whole",
+        "Draws all of the tree, with a row and its name for each leaf, as high as it gets."},
+       {"leaf-height",
+        "How high a row of --whole is, in points, or pixels of a picture, from 0.1 to 1000; 8 if "
+        "not given.",
+        "POINTS", "8"},
+       {"width",
+        "How wide --whole is, in points, from 1 to 14400; if not given what suits the height, or "
+        "the page.",
+        "POINTS"},
+       {"pages",
+        "Splits --whole over the pages of a .pdf: A4, A3, A0, Letter or any other that has a name, "
+        "or a size such as 300x400mm.",
+        "PAGE"},
+       {"landscape", "Turns the page, so that its height is its width."},
+       {"paper", "Draws black on white; so are .pdf and .svg if not given."},
+       {"screen", "Draws in the viewer's colours, white on black; so are pictures of pixels."},
        {"line-width",
-        "How wide the lines of .pdf and .svg are, in points from 0.01 to 100; 1 if not given.",
+        "How wide lines are in .pdf, .svg and --whole, in points from 0.01 to 100; if not given 1, "
+        "or for --whole an 18th of the leaf height.",
         "POINTS"}});
 }
 
@@ -142,11 +180,14 @@ Request toRequest(const QCommandLineParser& parser)
   request.kind = Detail::toKind(names[1]);
   request.look = {Detail::toSize(parser.value("size")), Detail::toNumber(parser, "zoom"),
                   Detail::toNumber(parser, "pan"), parser.isSet("all")};
-  request.paperColours = Detail::hasPaperColours(parser, request);
-  if (parser.isSet("line-width"))
-  {
-    request.lineWidth = Detail::toLength(parser, "line-width", 0.01, 100.0);
-  }
+  Detail::requireSense(parser, request.kind);
+  request.whole = parser.isSet("whole");
+  request.leafHeight = Detail::toLength(parser, "leaf-height", 0.1, 1000.0);
+  request.width = Detail::length(parser, "width", 1.0, 14400.0);
+  request.page = Detail::page(parser);
+  request.paperColours =
+      parser.isSet("paper") || (request.kind != Request::Kind::Pixels && !parser.isSet("screen"));
+  request.lineWidth = Detail::length(parser, "line-width", 0.01, 100.0);
   return request;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paper/PageFormat.h"
 #include "snapshot/Look.h"
 
 #include <QStringList>
@@ -26,6 +27,13 @@ struct Request
   std::string image;
   Kind kind = Kind::Pixels;
   Look look;
+  /// Every leaf has a row and its name, in place of a look.
+  bool whole = false;
+  /// Of the whole tree, in points.
+  double leafHeight = 8.0;
+  std::optional<double> width;
+  /// What the whole tree is split over.
+  std::optional<paper::PageFormat> page;
   /// Black on white.
   bool paperColours = false;
   /// In points.

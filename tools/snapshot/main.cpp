@@ -129,14 +129,15 @@ void run(int argc, char** argv)
     return;
   }
   const Request request = orvex::snapshot::toRequest(parser);
-  if (request.kind != Request::Kind::Pixels)
+  const bool needsDisplay = request.kind == Request::Kind::Pixels && !request.whole;
+  if (!needsDisplay)
   {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // in any session, and without one
   }
   // Before the tree is read, which can take long.
   const QGuiApplication application(one, argv);
   const orvex::terminal::TerminalProgress progress;
-  if (request.kind == Request::Kind::Pixels)
+  if (needsDisplay)
   {
     write(orvex::snapshot::drawPicture(readTree(request.tree), request.look), request.image);
   }
