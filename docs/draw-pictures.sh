@@ -15,6 +15,9 @@ draw() {
   "$bin/orvex-snapshot" "examples/$tree" "docs/images/guide-$name.png" "$@"
 }
 
+# For print; a resolution that shows well on screens.
+"$bin/orvex-snapshot" examples/great-cats.nwk docs/images/paper-cats.png --whole --paper --leaf-height 16
+
 draw whole random-3000.nwk --size 900x500
 draw zoom-10 random-3000.nwk --size 900x500 --zoom 10
 draw zoom-30 random-3000.nwk --size 900x500 --zoom 30

@@ -21,8 +21,8 @@ in with the zoom, see the whole tree beside the part in view, and export
 what you see as an image.
 .
 Trees come from Newick files or from a tree service. Beside the viewer
-there are programs that draw a tree into a picture, serve a folder of
-trees on one machine, and make trees up.")
+there are programs that draw a tree into a picture or a PDF for print,
+serve a folder of trees on one machine, and make trees up.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

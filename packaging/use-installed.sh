@@ -22,6 +22,7 @@ man "$name" | grep -A 2 '^NAME' || fail "the manual can't be read"
 e2e/run.py /usr/bin use || fail "the viewer could not be used"
 echo "used: a tree opened by keys, moved, exported as a .tif and read back"
 LIBGL_ALWAYS_SOFTWARE=1 xvfb-run -a orvex-snapshot "/usr/share/doc/$name/examples/great-cats.nwk" cats.png
+orvex-snapshot "/usr/share/doc/$name/examples/great-cats.nwk" cats.pdf --whole
 
 apt-get purge -y -qq "$name" >/dev/null
 # The reader of manuals keeps pages that it has shown.
