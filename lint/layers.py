@@ -11,8 +11,8 @@ import sys
 LAYERS = ["foundation/math", "foundation/system", "foundation/guard", "foundation/counted",
           "foundation/progress", "foundation/network", "tree/json", "tree/model", "tree/newick",
           "tree/service", "tree", "render/layout", "render/camera", "render/gl/device",
-          "render/gl/font", "render/gl/draw", "render/gl/scene", "render/gl/view", "gui/qt", "gui",
-          "shell"]
+          "render/gl/font", "render/gl/draw", "render/gl/scene/labels", "render/gl/scene",
+          "render/gl/view", "gui/qt", "gui", "shell"]
 WITH_QT = ("gui/qt", "gui", "shell")
 # Qt's classes for windows that OpenGL draws into; every other class of these families makes calls.
 QT_WINDOWS = ("QGLContext", "QGLFormat", "QGLWidget", "QOpenGLWidget", "QOpenGLWindow")

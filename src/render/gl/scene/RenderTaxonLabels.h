@@ -1,8 +1,8 @@
 #pragma once
 
 #include "render/gl/font/Font.h"
-#include "render/gl/scene/LabelColumn.h"
 #include "render/gl/scene/Node.h"
+#include "render/gl/scene/labels/LabelColumn.h"
 #include "render/layout/Point2D.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>

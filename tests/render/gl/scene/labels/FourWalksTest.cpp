@@ -1,4 +1,4 @@
-#include "render/gl/scene/FourWalks.h"
+#include "render/gl/scene/labels/FourWalks.h"
 
 #include <gtest/gtest.h>
 

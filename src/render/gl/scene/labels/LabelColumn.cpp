@@ -1,7 +1,7 @@
-#include "render/gl/scene/LabelColumn.h"
+#include "render/gl/scene/labels/LabelColumn.h"
 
-#include "render/gl/scene/FourWalks.h"
-#include "render/gl/scene/RisingBits.h"
+#include "render/gl/scene/labels/FourWalks.h"
+#include "render/gl/scene/labels/RisingBits.h"
 
 #include <boost/core/noncopyable.hpp>
 

@@ -2,7 +2,7 @@
 
 #include "foundation/math/Matrix44.h"
 #include "render/gl/draw/Text.h"
-#include "render/gl/scene/EvenRows.h"
+#include "render/gl/scene/labels/EvenRows.h"
 
 #include <boost/dynamic_bitset.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>

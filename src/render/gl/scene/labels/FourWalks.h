@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/gl/scene/RisingBits.h"
+#include "render/gl/scene/labels/RisingBits.h"
 
 #include <algorithm>
 #include <array>
