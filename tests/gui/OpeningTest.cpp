@@ -1,3 +1,4 @@
+#include "foundation/progress/Stopped.h"
 #include "support/HeardProgress.h"
 #include "support/SceneFixture.h"
 #include "support/Window.h"
@@ -69,6 +70,33 @@ TEST_F(OpeningTest, ReportsOnlyWhatIsDone)
     }
     EXPECT_EQ(Listening::listener(), nullptr);
   }
+}
+
+// The objects that were made until then go without a line in the log.
+TEST_F(OpeningTest, CanBeStoppedAtEachReport)
+{
+  struct StopAt : Kelmar::Progress::Listener
+  {
+    explicit StopAt(int report) : left(report) {}
+    void progress(const Kelmar::Progress::Stage&, double) override
+    {
+      if (--left < 0)
+      {
+        throw Kelmar::Progress::Stopped();
+      }
+    }
+    int left;
+    Listening listening{*this};
+  };
+  const std::string name = file("tree.nwk", randomNewick(20, 3));
+  int stopped = 0;
+  for (std::string error = "none yet"; !error.empty(); ++stopped)
+  {
+    const StopAt stop(stopped);
+    EXPECT_EQ(outputOf([&] { error = open(name); }), "") << "report " << stopped;
+    EXPECT_THAT(error, testing::AnyOf("", Kelmar::Progress::Stopped().what()));
+  }
+  EXPECT_GT(stopped, 100);
 }
 
 TEST_F(OpeningTest, ThePictureForTheSizeThatIsShownIsMadeOnce)

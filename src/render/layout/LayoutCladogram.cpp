@@ -147,7 +147,7 @@ boost::intrusive_ptr<LayoutInfo2D> LayoutCladogram::layout(boost::shared_ptr<Tre
   }
   const int root = tree->getRootNodeId();
   const unsigned int nodes = tree->getNumberOfNodes();
-  const boost::intrusive_ptr<LayoutInfo2D> records(new LayoutInfo2D(nodes));
+  const boost::intrusive_ptr<LayoutInfo2D> records = LayoutInfo2D::make(nodes);
   Detail::Work work(OpeningStages::layout, nodes, LayoutInfo2D::shareOfLayout);
   Detail::LayoutInfo info{*tree, work, records};
   Detail::Extent extent;

@@ -4,6 +4,7 @@
 #include "render/layout/NodeLayoutInfo.h"
 
 #include <boost/core/noncopyable.hpp>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <cstddef>
 #include <stdexcept>
@@ -23,7 +24,11 @@ public:
   /// Which share of a layout's time it takes to make the records.
   static constexpr double shareOfLayout = 0.3;
 
-  explicit LayoutInfo2D(unsigned int numberOfNodes);
+  /// Makes the record of each node. A function, since a counted object whose constructor throws
+  /// would be reported as one that is deleted without cause.
+  /// \throws std::bad_alloc  if there is no memory for them
+  /// \throws Kelmar::Progress::Stopped  if the listener wants it
+  static boost::intrusive_ptr<LayoutInfo2D> make(unsigned int numberOfNodes);
 
   /// \return the node's record, owned by this object
   /// \throws std::out_of_range  for an id that is no node
@@ -38,6 +43,8 @@ public:
   void release(int node);
 
 private:
+  LayoutInfo2D() = default;
+
   static constexpr std::size_t _blockSize = 4096;
 
   struct Block
