@@ -102,7 +102,9 @@ void SheetFrame::_name(const std::vector<LeavingLine>& lines, double edge, doubl
   if (left > 0)
   {
     const double y = edge + direction * Detail::step * double(Detail::rows + 1);
-    _canvas.text({0.5 * _sheet.format.width, y}, std::to_string(left) + " more lines leave here",
+    _canvas.text({0.5 * _sheet.format.width, y},
+                 std::to_string(left) +
+                     (left == 1 ? " more line leaves here" : " more lines leave here"),
                  Detail::em);
   }
 }
