@@ -124,10 +124,11 @@ build_all() {
 }
 
 # use_in_root NAME FILE SCRIPT: a second bare root, where a user has the file and nothing else of ours.
+# What uses it is of the clone's revision, as the project may have a later one by now.
 use_in_root() {
   step "$(basename "$2"), $(du -h "$2" | cut -f1), in a bare root"
   make_root "$1"
-  cp -r "$2" "$project/tests/e2e" "$project/packaging/$3" "$1/root/"
+  cp -r "$2" build/root/clone/tests/e2e "build/root/clone/packaging/$3" "$1/root/"
   in_root "$1" "/root/$3" || fail "$(basename "$2") is not as it should be on $suite$(full)"
 }
 
