@@ -17,6 +17,8 @@ PROGRAMS = pathlib.Path(*sys.argv[1:2]).resolve()
 VIEWER = PROGRAMS / "orvex-tree-viewer"
 TREE = "(" + ",".join(f"((a{i},b{i}),c{i})" for i in range(300)) + ");"
 LOG = f".TesmarGroup/{NAME}/{NAME}.stdout"
+# In the log, once, where the driver gives the window none of the samples it asks for.
+NO_SAMPLES = "have one sample for each pixel"
 SETTINGS = f".config/TesmarGroup/{NAME}.ini"
 FAILED = "Error detected."
 LIST = b'[{"id":2,"treeName":"a"},{"id":1,"treeName":"b"}]'

@@ -14,7 +14,7 @@ import subprocess
 import time
 
 from desktop import PATIENCE, display, pixels
-from programs import LOG, PROGRAMS, TREE, environment, run, scenario, serving, viewer
+from programs import LOG, NO_SAMPLES, PROGRAMS, TREE, environment, run, scenario, serving, viewer
 
 ROOT = pathlib.Path(__file__).parents[2]
 
@@ -105,7 +105,7 @@ def snapshots_anywhere(folder):
                 main.changed(whole)
                 main.export(folder / f"window{len(server)}.png")
             window = pixels(folder / f"window{len(server)}.png")
-            smooth = "have one sample for each pixel" not in (folder / LOG).read_text()
+            smooth = NO_SAMPLES not in (folder / LOG).read_text()
             assert not (server and smooth)
             for session in ({}, {"QT_SCALE_FACTOR": "2"}, {"QT_QPA_PLATFORM": "offscreen"}):
                 run(folder, "orvex-snapshot", "wide.nwk", "here.png", "--zoom", "1.12", "--size",

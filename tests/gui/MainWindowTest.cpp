@@ -143,6 +143,7 @@ TEST_F(MainWindowTest, ShowsAnEmptyViewForAFileWithoutATree)
 TEST_F(MainWindowTest, SaysWhyAFileCannotBeReadAndThenShowsNoTree)
 {
   window._documentOpen(file("five.nwk", fiveNodes));
+  const std::string before = log(); // may have a line on the samples of windows
   const std::string bad = file("<b>bad.nwk", "a,b);");
   EXPECT_EQ(boxAfter([&] { choose("actionOpen", bad); }),
             "Error Loading File " + bad +
@@ -154,5 +155,5 @@ TEST_F(MainWindowTest, SaysWhyAFileCannotBeReadAndThenShowsNoTree)
     EXPECT_TRUE(window.action(name).isEnabled()) << name;
     window.action(name).trigger(); // a box would wait for ever
   }
-  EXPECT_EQ(log(), "");
+  EXPECT_EQ(log(), before);
 }
