@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Opens trees of many shapes, each in a new process, and prints a table: what the program expects a
 tree to take of the memory, at each time when it asks, beside what is taken from then to the first
-frame, the most of some runs, as the driver's threads take more or less by chance. Fails if what it expects last is less than that, or more by over a quarter.
+frame, the most of some runs, as the driver's threads take more or less by chance. Fails if what it
+expects last is less than that, or more by over a quarter.
 Usage: tree-memory.py BIN-FOLDER [--leaves N ...] [--runs N]
 Needs a display; `./dev memory` gives it one."""
 
