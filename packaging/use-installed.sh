@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# On a bare Debian 12: installs the package that lies beside this script, uses it as a user does, and
+# On a bare Debian: installs the package that lies beside this script, uses it as a user does, and
 # removes it. The folder e2e beside it has the scenario.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"

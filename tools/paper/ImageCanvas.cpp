@@ -1,8 +1,10 @@
 #include "paper/ImageCanvas.h"
 
 #include "gui/qt/ImageFile.h"
+#include "tree/model/TreeMemory.h"
 
 #include <cmath>
+#include <cstddef>
 #include <stdexcept>
 
 namespace orvex::paper
@@ -13,6 +15,7 @@ namespace
 {
 
 constexpr int usualDotsPerMeter = 2835; // 72 to an inch
+constexpr std::size_t bytesPerPixel = 4;
 
 } // namespace
 } // namespace Detail
@@ -29,6 +32,9 @@ void ImageCanvas::beginSheet(double width, double height)
                              " is too large, 32767 is the most; a .pdf or .svg has room, or a "
                              "picture with a smaller --leaf-height");
   }
+  // Qt would get the addresses, and the system end the program when it fills them.
+  requireMemory("A picture of " + size,
+                static_cast<std::size_t>(columns * rows) * Detail::bytesPerPixel);
   _image = QImage(static_cast<int>(columns), static_cast<int>(rows), QImage::Format_RGB32);
   if (_image.isNull())
   {
